@@ -1,0 +1,32 @@
+# Debian packages that building and testing the plug-in needs, and a helper that installs the missing ones.
+# Sourced by scripts/run and scripts/test.
+
+SPATARA_BUILD_PACKAGES=(
+    cmake g++ make pkg-config clang libclang-rt-14-dev
+    libgtest-dev libgmock-dev libbenchmark-dev
+    libsndfile1-dev libcairo2-dev
+    dpf-source libx11-dev libxext-dev libxcursor-dev libxrandr-dev
+    fonts-dejavu-core fontconfig
+)
+SPATARA_TEST_PACKAGES=(
+    xvfb xdotool imagemagick x11-utils zenity sox
+)
+
+# ensure_packages PKG...: runs `apt-get update` once and installs what is not installed yet.
+ensure_packages() {
+    local missing=()
+    local pkg
+    for pkg in "$@"; do
+        if ! dpkg-query -W -f='${Status}' "$pkg" 2>/dev/null | grep -q "install ok installed"; then
+            missing+=("$pkg")
+        fi
+    done
+    if [ ${#missing[@]} -eq 0 ]; then
+        return 0
+    fi
+    echo "Installing: ${missing[*]}"
+    local sudo=""
+    if [ "$(id -u)" -ne 0 ]; then sudo="sudo"; fi
+    $sudo apt-get update
+    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y --no-install-recommends "${missing[@]}"
+}
