@@ -6,8 +6,7 @@ AEffEditor::~AEffEditor() = default;
 
 bool AEffEditor::getRect(ERect** rect)
 {
-    if (rect)
-        *rect = nullptr;
+    if (rect) *rect = nullptr;
     return false;
 }
 
@@ -17,10 +16,22 @@ bool AEffEditor::open(void* ptr)
     return false;
 }
 
-void AEffEditor::close() { systemWindow = nullptr; }
+void AEffEditor::close()
+{
+    systemWindow = nullptr;
+}
 
-bool AEffEditor::onKeyDown(VstInt32, VstInt32, VstInt32) { return false; }
+bool AEffEditor::onKeyDown(VstInt32, VstInt32, VstInt32)
+{
+    return false;
+}
 
-bool AEffEditor::onKeyUp(VstInt32, VstInt32, VstInt32) { return false; }
+bool AEffEditor::onKeyUp(VstInt32, VstInt32, VstInt32)
+{
+    return false;
+}
 
-bool AEffEditor::setKnobMode(VstInt32) { return false; }
+bool AEffEditor::setKnobMode(VstInt32)
+{
+    return false;
+}

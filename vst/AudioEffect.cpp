@@ -6,13 +6,16 @@
 
 namespace
 {
-AudioEffect* effectOf(AEffect* e) { return e ? static_cast<AudioEffect*>(e->object) : nullptr; }
+AudioEffect* effectOf(AEffect* e)
+{
+    return e ? static_cast<AudioEffect*>(e->object) : nullptr;
+}
 
-VstIntPtr dispatchEffectClass(AEffect* e, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt)
+VstIntPtr dispatchEffectClass(AEffect* e, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr,
+                              float opt)
 {
     AudioEffect* effect = effectOf(e);
-    if (!effect)
-        return 0;
+    if (!effect) return 0;
     if (opcode == effClose)
     {
         effect->dispatcher(opcode, index, value, ptr, opt);
@@ -35,9 +38,15 @@ void processDoubleReplacingClass(AEffect* e, double** inputs, double** outputs, 
 // The accumulating process call of old hosts: this plug-in only replaces, so it adds nothing.
 void processAccumulatingClass(AEffect*, float**, float**, VstInt32) {}
 
-void setParameterClass(AEffect* e, VstInt32 index, float value) { effectOf(e)->setParameter(index, value); }
+void setParameterClass(AEffect* e, VstInt32 index, float value)
+{
+    effectOf(e)->setParameter(index, value);
+}
 
-float getParameterClass(AEffect* e, VstInt32 index) { return effectOf(e)->getParameter(index); }
+float getParameterClass(AEffect* e, VstInt32 index)
+{
+    return effectOf(e)->getParameter(index);
+}
 } // namespace
 
 AudioEffect::AudioEffect(audioMasterCallback audioMaster, VstInt32 numPrograms, VstInt32 numParams)
@@ -60,7 +69,10 @@ AudioEffect::AudioEffect(audioMasterCallback audioMaster, VstInt32 numPrograms, 
     cEffect.processDoubleReplacing = processDoubleReplacingClass;
 }
 
-AudioEffect::~AudioEffect() { delete editor; }
+AudioEffect::~AudioEffect()
+{
+    delete editor;
+}
 
 VstIntPtr AudioEffect::dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt)
 {
@@ -73,30 +85,24 @@ VstIntPtr AudioEffect::dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr val
         close();
         return 0;
     case effSetProgram:
-        if (value >= 0 && value < numPrograms)
-            setProgram(static_cast<VstInt32>(value));
+        if (value >= 0 && value < numPrograms) setProgram(static_cast<VstInt32>(value));
         return 0;
     case effGetProgram:
         return getProgram();
     case effSetProgramName:
-        if (ptr)
-            setProgramName(static_cast<char*>(ptr));
+        if (ptr) setProgramName(static_cast<char*>(ptr));
         return 0;
     case effGetProgramName:
-        if (ptr)
-            getProgramName(static_cast<char*>(ptr));
+        if (ptr) getProgramName(static_cast<char*>(ptr));
         return 0;
     case effGetParamLabel:
-        if (ptr)
-            getParameterLabel(index, static_cast<char*>(ptr));
+        if (ptr) getParameterLabel(index, static_cast<char*>(ptr));
         return 0;
     case effGetParamDisplay:
-        if (ptr)
-            getParameterDisplay(index, static_cast<char*>(ptr));
+        if (ptr) getParameterDisplay(index, static_cast<char*>(ptr));
         return 0;
     case effGetParamName:
-        if (ptr)
-            getParameterName(index, static_cast<char*>(ptr));
+        if (ptr) getParameterName(index, static_cast<char*>(ptr));
         return 0;
     case effGetVu:
         return static_cast<VstIntPtr>(getVu() * 32767.0);
@@ -128,8 +134,7 @@ VstIntPtr AudioEffect::dispatcher(VstInt32 opcode, VstInt32 index, VstIntPtr val
 
 VstIntPtr AudioEffect::dispatchEditor(VstInt32 opcode, VstInt32, VstIntPtr, void* ptr)
 {
-    if (!editor)
-        return 0;
+    if (!editor) return 0;
     switch (opcode)
     {
     case effEditGetRect:
@@ -153,7 +158,10 @@ void AudioEffect::processDoubleReplacing(double**, double**, VstInt32) {}
 
 void AudioEffect::setParameter(VstInt32, float) {}
 
-float AudioEffect::getParameter(VstInt32) { return 0.0f; }
+float AudioEffect::getParameter(VstInt32)
+{
+    return 0.0f;
+}
 
 void AudioEffect::setParameterAutomated(VstInt32 index, float value)
 {
@@ -161,19 +169,37 @@ void AudioEffect::setParameterAutomated(VstInt32 index, float value)
     callHost(audioMasterAutomate, index, 0, nullptr, value);
 }
 
-void AudioEffect::getParameterLabel(VstInt32, char* label) { label[0] = 0; }
+void AudioEffect::getParameterLabel(VstInt32, char* label)
+{
+    label[0] = 0;
+}
 
-void AudioEffect::getParameterDisplay(VstInt32, char* text) { text[0] = 0; }
+void AudioEffect::getParameterDisplay(VstInt32, char* text)
+{
+    text[0] = 0;
+}
 
-void AudioEffect::getParameterName(VstInt32, char* text) { text[0] = 0; }
+void AudioEffect::getParameterName(VstInt32, char* text)
+{
+    text[0] = 0;
+}
 
 void AudioEffect::setProgramName(char*) {}
 
-void AudioEffect::getProgramName(char* name) { name[0] = 0; }
+void AudioEffect::getProgramName(char* name)
+{
+    name[0] = 0;
+}
 
-VstInt32 AudioEffect::getChunk(void**, bool) { return 0; }
+VstInt32 AudioEffect::getChunk(void**, bool)
+{
+    return 0;
+}
 
-VstInt32 AudioEffect::setChunk(void*, VstInt32, bool) { return 0; }
+VstInt32 AudioEffect::setChunk(void*, VstInt32, bool)
+{
+    return 0;
+}
 
 void AudioEffect::canProcessReplacing(bool state)
 {
@@ -201,8 +227,7 @@ void AudioEffect::programsAreChunks(bool state)
 
 void AudioEffect::setEditor(AEffEditor* newEditor)
 {
-    if (editor != newEditor)
-        delete editor;
+    if (editor != newEditor) delete editor;
     editor = newEditor;
     if (editor && editor->hasWindow())
         cEffect.flags |= effFlagsHasEditor;
@@ -216,9 +241,15 @@ VstInt32 AudioEffect::getMasterVersion()
     return version ? static_cast<VstInt32>(version) : 1;
 }
 
-VstInt32 AudioEffect::getCurrentUniqueId() { return static_cast<VstInt32>(callHost(audioMasterCurrentId)); }
+VstInt32 AudioEffect::getCurrentUniqueId()
+{
+    return static_cast<VstInt32>(callHost(audioMasterCurrentId));
+}
 
-void AudioEffect::masterIdle() { callHost(audioMasterIdle); }
+void AudioEffect::masterIdle()
+{
+    callHost(audioMasterIdle);
+}
 
 VstIntPtr AudioEffect::callHost(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt)
 {

@@ -133,8 +133,8 @@ enum AEffectOpcodes : VstInt32
     effVendorSpecific = 50,
     effCanDo = 51,
     effGetTailSize = 52,
-    effIdle = 53,          // deprecated
-    effGetIcon = 54,       // deprecated
+    effIdle = 53,            // deprecated
+    effGetIcon = 54,         // deprecated
     effSetViewPosition = 55, // deprecated
     effGetParameterProperties = 56,
     effKeysRequired = 57, // deprecated
@@ -184,8 +184,8 @@ enum AudioMasterOpcodes : VstInt32
     audioMasterGetBlockSize = 17,
     audioMasterGetInputLatency = 18,
     audioMasterGetOutputLatency = 19,
-    audioMasterGetPreviousPlug = 20,          // deprecated
-    audioMasterGetNextPlug = 21,              // deprecated
+    audioMasterGetPreviousPlug = 20,         // deprecated
+    audioMasterGetNextPlug = 21,             // deprecated
     audioMasterWillReplaceOrAccumulate = 22, // deprecated
     audioMasterGetCurrentProcessLevel = 23,
     audioMasterGetAutomationState = 24,
@@ -194,7 +194,7 @@ enum AudioMasterOpcodes : VstInt32
     audioMasterOfflineWrite = 27,
     audioMasterOfflineGetCurrentPass = 28,
     audioMasterOfflineGetCurrentMetaPass = 29,
-    audioMasterSetOutputSampleRate = 30,          // deprecated
+    audioMasterSetOutputSampleRate = 30,         // deprecated
     audioMasterGetOutputSpeakerArrangement = 31, // deprecated
     audioMasterGetVendorString = 32,
     audioMasterGetProductString = 33,

@@ -1,0 +1,288 @@
+#include "Spatara.h"
+
+#include "CPresetSystemEditor.h"
+#include "FactoryPresets.h"
+#include "ParameterText.h"
+
+#include <cstdio>
+#include <cstring>
+
+namespace
+{
+constexpr VstInt32 kUniqueId = CCONST('Q', 'w', 's', 'n');
+constexpr VstInt32 kVendorVersion = 1990;
+
+struct ParameterText
+{
+    const char* name;
+    const char* label; // the blanks are part of the label, hosts show them as they are
+};
+
+constexpr ParameterText kParameterTexts[kNumParameters] = {
+    {"depth", "    %   "},    {"baseFreq", "    Hz   "}, {"wdth/emph", "    %    "},
+    {"process", "         "}, {"phase", "         "},    {"mode", "         "},
+};
+
+bool isParameter(VstInt32 index)
+{
+    return index >= 0 && index < kNumParameters;
+}
+
+void setOnOffText(float realValue, char* text)
+{
+    std::strcpy(text, realValue >= 0.5f ? "On" : "Off");
+}
+
+bool fillPinProperties(VstInt32 index, const char* format, VstPinProperties* properties)
+{
+    if (index > 1) return false;
+    std::memset(properties, 0, sizeof(*properties));
+    std::snprintf(properties->label, sizeof(properties->label), format, index + 1);
+    properties->flags = kVstPinIsActive | kVstPinIsStereo;
+    return true;
+}
+} // namespace
+
+Spatara::Spatara(audioMasterCallback audioMaster) : CPresetSystemEffect(audioMaster)
+{
+    setNumInputs(2);
+    setNumOutputs(2);
+    stereoInput = true;
+    stereoOutput = true;
+    setUniqueID(kUniqueId);
+    canProcessReplacing();
+    canDoubleReplacing();
+
+    vu = 0.0f;
+    real[kMode] = 0.0f;
+    sampleRateWhole = static_cast<int>(getSampleRate());
+    // Asked once so hosts see the usual start-up conversation; the answers are not needed.
+    getOutputLatency();
+    getBlockSize();
+
+    setEditor(new CPresetSystemEditor(this));
+
+    initPresets();
+    CPresetSystemEffect::loadDefaults();
+    CPresetSystemEffect::setPresetNo(0);
+
+    suspend();
+    resume();
+    suspend();
+}
+
+Spatara::~Spatara() = default;
+
+// ---------------------------------------------------------------- information
+
+bool Spatara::getEffectName(char* name)
+{
+    std::strcpy(name, "ZEV Spatara");
+    return true;
+}
+
+bool Spatara::getVendorString(char* text)
+{
+    std::strcpy(text, "ZEV Sound Design");
+    return true;
+}
+
+bool Spatara::getProductString(char* text)
+{
+    std::strcpy(text, "Simple Spatara");
+    return true;
+}
+
+VstInt32 Spatara::getVendorVersion()
+{
+    return kVendorVersion;
+}
+
+VstPlugCategory Spatara::getPlugCategory()
+{
+    return kPlugCategMastering;
+}
+
+VstInt32 Spatara::canDo(char* text)
+{
+    // Only these four; everything else is "don't know", never "no".
+    for (const char* known : {"offline", "plugAsChannelInsert", "1in2out", "2in2out"})
+        if (std::strcmp(text, known) == 0) return 1;
+    return 0;
+}
+
+// ---------------------------------------------------------------- pins and channel layout
+
+bool Spatara::getInputProperties(VstInt32 index, VstPinProperties* properties)
+{
+    return fillPinProperties(index, "My %1d In", properties);
+}
+
+bool Spatara::getOutputProperties(VstInt32 index, VstPinProperties* properties)
+{
+    return fillPinProperties(index, "My %1d Out", properties);
+}
+
+bool Spatara::setSpeakerArrangement(VstSpeakerArrangement* input, VstSpeakerArrangement* output)
+{
+    if (input && output && output->numChannels == 2 && (input->numChannels == 1 || input->numChannels == 2))
+    {
+        stereoInput = input->numChannels == 2;
+        stereoOutput = true;
+        return true;
+    }
+    stereoInput = true;
+    stereoOutput = true;
+    return false;
+}
+
+float Spatara::getVu()
+{
+    const float value = vu;
+    vu = 0.0f;
+    return value;
+}
+
+// ---------------------------------------------------------------- parameters
+
+void Spatara::setParameter(VstInt32 index, float value)
+{
+    if (!isApplying()) CPresetSystemEffect::setParameter(index, value);
+
+    if (isParameter(index))
+    {
+        normalised[index].store(value, std::memory_order_relaxed);
+        float realValue = value;
+        switch (index)
+        {
+        case kDepth:
+            realValue = depthFromNormalised(value);
+            break;
+        case kBaseFreq:
+            realValue = frequencyFromNormalised(value);
+            break;
+        case kProcess:
+        case kPhase:
+            realValue = switchFromNormalised(value);
+            break;
+        case kMode:
+            realValue = modeFromNormalised(value);
+            break;
+        default:
+            break;
+        }
+        real[index].store(realValue, std::memory_order_relaxed);
+    }
+
+    if (CPresetSystemEditor* e = presetEditor()) e->setParameter(index, value);
+}
+
+float Spatara::getParameter(VstInt32 index)
+{
+    return isParameter(index) ? normalised[index].load(std::memory_order_relaxed) : 0.0f;
+}
+
+float Spatara::getParameterValue(VstInt32 index) const
+{
+    return isParameter(index) ? real[index].load(std::memory_order_relaxed) : 0.0f;
+}
+
+void Spatara::getParameterName(VstInt32 index, char* text)
+{
+    if (isParameter(index)) std::strcpy(text, kParameterTexts[index].name);
+}
+
+void Spatara::getParameterLabel(VstInt32 index, char* label)
+{
+    std::strcpy(label, isParameter(index) ? kParameterTexts[index].label : " ");
+}
+
+void Spatara::getParameterDisplay(VstInt32 index, char* text)
+{
+    const float v = getParameter(index);
+    switch (index)
+    {
+    case kDepth:
+        float2string2(100.0f * v, 1, text);
+        break;
+    case kBaseFreq:
+        float2string2(getParameterValue(kBaseFreq), 2, text);
+        break;
+    case kWidth:
+    {
+        // Mode 1 counts down while mode 0 counts up for the same knob movement; users know it that way.
+        const float mode = getParameterValue(kMode);
+        const float shown = mode == 0.0f   ? 300.0f * v + 100.0f
+                            : mode == 1.0f ? 400.0f - 300.0f * v
+                                           : 100.0f * v;
+        float2string2(shown, 1, text);
+        break;
+    }
+    case kProcess:
+    case kPhase:
+        setOnOffText(getParameterValue(index), text);
+        break;
+    case kMode:
+    {
+        // Shown one above its value: mode 0 is "Mode1".
+        static const char* const kModeNames[] = {"Mode1", "Mode2", "Mode3"};
+        const float mode = getParameterValue(kMode);
+        std::strcpy(text, kModeNames[mode == 0.0f ? 0 : mode == 1.0f ? 1 : 2]);
+        break;
+    }
+    default:
+        std::strcpy(text, "UNDEF");
+        break;
+    }
+}
+
+bool Spatara::getParameterProperties(VstInt32 index, VstParameterProperties* properties)
+{
+    if (!isParameter(index)) return false;
+    std::memset(properties, 0, sizeof(*properties));
+    getParameterName(index, properties->label);
+    std::snprintf(properties->shortLabel, sizeof(properties->shortLabel), "%.7s", properties->label);
+    properties->flags = kVstParameterUsesFloatStep;
+    float step = 1.0f / 256.0f, smallStep = 1.0f / 1024.0f, largeStep = 1.0f / 64.0f;
+    if (index == kProcess || index == kPhase)
+    {
+        properties->flags |= kVstParameterIsSwitch;
+        step = smallStep = largeStep = 1.0f;
+    }
+    else if (index == kMode)
+    {
+        step = smallStep = largeStep = 0.5f;
+    }
+    properties->stepFloat = step;
+    properties->smallStepFloat = smallStep;
+    properties->largeStepFloat = largeStep;
+    return true;
+}
+
+bool Spatara::canParameterBeAutomated(VstInt32 index)
+{
+    return isParameter(index);
+}
+
+bool Spatara::isDummy(int index)
+{
+    return static_cast<unsigned>(index) > 5u;
+}
+
+bool Spatara::isDummyOld(int index)
+{
+    return static_cast<unsigned>(index) > 5u;
+}
+
+// ---------------------------------------------------------------- presets
+
+void Spatara::initPresets()
+{
+    for (int n = 0; n < kNumPresets; ++n)
+    {
+        PresetRecord& record = preset(n);
+        std::memset(record.name, 0, sizeof(record.name));
+        std::strncpy(record.name, kFactoryPresets[n].name, kPresetNameSize - 1);
+        std::memcpy(record.values, kFactoryPresets[n].values, sizeof(record.values));
+    }
+}

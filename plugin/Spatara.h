@@ -1,0 +1,58 @@
+// The ZEV Spatara effect: host answers, the six parameters and the factory presets, on top of the preset
+// system; the audio itself is the stereo enhancement engine's.
+#pragma once
+
+#include "CPresetSystemEffect.h"
+#include "ParameterMapping.h"
+
+#include <atomic>
+
+class Spatara : public CPresetSystemEffect
+{
+  public:
+    explicit Spatara(audioMasterCallback audioMaster);
+    ~Spatara() override;
+
+    // ---- information (host's UI thread)
+    bool getEffectName(char* name) override;
+    bool getVendorString(char* text) override;
+    bool getProductString(char* text) override;
+    VstInt32 getVendorVersion() override;
+    VstPlugCategory getPlugCategory() override;
+    VstInt32 canDo(char* text) override;
+
+    // ---- pins and channel layout (host's UI thread)
+    bool getInputProperties(VstInt32 index, VstPinProperties* properties) override;
+    bool getOutputProperties(VstInt32 index, VstPinProperties* properties) override;
+    bool setSpeakerArrangement(VstSpeakerArrangement* input, VstSpeakerArrangement* output) override;
+    // Reads and clears the vu value, which nothing feeds: hosts always read 0, as they always have.
+    float getVu() override;
+
+    // ---- parameters (any thread: host automation, the editor, the preset system)
+    void setParameter(VstInt32 index, float value) override;
+    float getParameter(VstInt32 index) override;
+    // The mapped real value (depth, Hz, width, process, phase, mode); 0 for an unknown index.
+    float getParameterValue(VstInt32 index) const;
+    void getParameterName(VstInt32 index, char* text) override;
+    void getParameterLabel(VstInt32 index, char* label) override;
+    void getParameterDisplay(VstInt32 index, char* text) override;
+    bool getParameterProperties(VstInt32 index, VstParameterProperties* properties) override;
+    bool canParameterBeAutomated(VstInt32 index) override;
+    bool isDummy(int index) override;
+    bool isDummyOld(int index) override;
+
+    // ---- presets (UI thread)
+    void initPresets() override;
+
+    // ---- state of the channel layout, as the engine sees it
+    bool hasStereoInput() const { return stereoInput; }
+    bool hasStereoOutput() const { return stereoOutput; }
+
+  private:
+    std::atomic<float> normalised[kNumParameters] = {};
+    std::atomic<float> real[kNumParameters] = {};
+    std::atomic<bool> stereoInput{true};
+    std::atomic<bool> stereoOutput{true};
+    float vu = 0.0f;
+    int sampleRateWhole = 0;
+};

@@ -1,0 +1,19 @@
+#include "PresetRecord.h"
+
+#include <cstring>
+
+void copyPresetName(PresetRecord& record, const char* text)
+{
+    char work[kPresetNameSize] = {};
+    std::memcpy(work, text, strnlen(text, kPresetNameSize));
+    if (strnlen(work, kPresetNameSize) >= kPresetNameSize - 1)
+    {
+        std::memcpy(record.name, work, kPresetNameSize);
+        record.name[kPresetNameSize - 1] = 0;
+    }
+    else
+    {
+        std::memset(record.name, 0, kPresetNameSize);
+        std::strcpy(record.name, work);
+    }
+}
