@@ -15,6 +15,12 @@ void CPresetSystemEditor::loadDefaults()
 
 void CPresetSystemEditor::nameChangedExternal(const char*) {}
 
+void CPresetSystemEditor::showPresetName(const char*) {}
+
+void CPresetSystemEditor::setListEntryTitle(long, const char*) {}
+
+void CPresetSystemEditor::selectListEntry(long) {}
+
 CPresetSystemEffect* CPresetSystemEditor::presetEffect() const
 {
     return static_cast<CPresetSystemEffect*>(effect);

@@ -15,7 +15,9 @@ class CPresetSystemEditor;
 class CPresetSystemEffect : public AudioEffectX
 {
   public:
-    static constexpr int kChunkHeadSize = 8;
+    static constexpr int kHostChunkHeadSize = 8;
+    static constexpr std::int32_t kChunkVersion = 0x02000000;
+    static constexpr std::int32_t kOldChunkVersion = 0x01000000;
     static constexpr int kChunkBufferSize = 13729;    // chunk head + the bank image of 38 presets
     static constexpr int kOldChunkScratchSize = 1856; // old chunk head (32) + 38 records of 48 bytes
 
@@ -32,6 +34,11 @@ class CPresetSystemEffect : public AudioEffectX
     // ---- parameters (any thread): stores the value into the current preset
     void setParameter(VstInt32 index, float value) override;
     float getParameter(VstInt32 index) override;
+
+    // ---- host chunk (host's dispatcher): always the whole bank behind an 8-byte head
+    VstInt32 getChunk(void** data, bool isPreset) override;
+    // 0 when taken, -1 when refused (the presets are then as they were).
+    VstInt32 setChunk(void* data, VstInt32 byteSize, bool isPreset) override;
 
     void resume() override {}
     VstInt32 processEvents(VstEvents*) override { return 0; } // MIDI is not taken
@@ -72,6 +79,8 @@ class CPresetSystemEffect : public AudioEffectX
     CPresetSystemEditor* presetEditor() const;
 
   protected:
+    // Reads the chunk form of earlier versions, which is never written any more.
+    VstInt32 setChunkOld(void* data, VstInt32 byteSize, bool isPreset, bool swapped);
     bool isApplying() const { return applying.load(std::memory_order_relaxed); }
 
   private:
