@@ -19,6 +19,7 @@ class PluginBinary : public ::testing::Test
         std::string error;
         host = VstPluginHost::load(SPATARA_PLUGIN_PATH, error);
         ASSERT_TRUE(host) << error;
+        host->open();
         host->start(44100.0f, 512);
     }
 

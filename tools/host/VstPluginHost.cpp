@@ -61,11 +61,12 @@ std::string VstPluginHost::text(VstInt32 opcode, VstInt32 index, VstIntPtr value
     return buffer;
 }
 
+void VstPluginHost::open() { dispatch(effOpen); }
+
 void VstPluginHost::start(float sampleRate, VstInt32 blockSize)
 {
     hostAnswers.sampleRate = sampleRate;
     hostAnswers.blockSize = blockSize;
-    dispatch(effOpen);
     dispatch(effSetSampleRate, 0, 0, nullptr, sampleRate);
     dispatch(effSetBlockSize, 0, blockSize);
     dispatch(effMainsChanged, 0, 1);

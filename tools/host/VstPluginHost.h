@@ -44,7 +44,9 @@ class VstPluginHost
     // A text request (names, labels, displays): the answer, or empty.
     std::string text(VstInt32 opcode, VstInt32 index = 0, VstIntPtr value = 0);
 
-    // Opening steps of a host: open, sample rate, block size, switch on.
+    // The host's first request after creating an effect.
+    void open();
+    // Sample rate, block size, then switch on (resume).
     void start(float sampleRate, VstInt32 blockSize);
     // Switches off (suspend).
     void stop();

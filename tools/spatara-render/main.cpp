@@ -1,43 +1,77 @@
 // spatara-render: renders audio files through a VST 2.4 plug-in, as a host would, and shows what the
 // plug-in reports about itself.
+#include "HostActions.h"
 #include "PluginInfo.h"
+#include "RenderOptions.h"
+#include "Renderer.h"
 #include "VstPluginHost.h"
 
-#include <cstring>
+#include <cstdio>
 #include <iostream>
 #include <string>
 
 namespace
 {
-constexpr int kUsageError = 2;
+constexpr int kFailure = 2;
 
 int fail(const std::string& message)
 {
     std::cerr << "spatara-render: " << message << "\n";
-    return kUsageError;
+    return kFailure;
 }
 
-void printUsage(std::ostream& out)
+// Everything a host does to a plug-in before it plays: state, preset, parameters.
+bool prepare(VstPluginHost& host, const RenderOptions& options, std::string& error)
 {
-    out << "usage: spatara-render --info PLUGIN.so\n";
+    host.open();
+    if (options.chunkIn && !restoreChunk(host, *options.chunkIn, error))
+        return false;
+    if (options.preset && !selectPreset(host, *options.preset, error))
+        return false;
+    return setParameters(host, options.params, error);
 }
 } // namespace
 
 int main(int argc, char** argv)
 {
-    if (argc == 2 && (std::strcmp(argv[1], "--help") == 0 || std::strcmp(argv[1], "-h") == 0))
+    std::string error;
+    const auto options = parseRenderOptions(argc, argv, error);
+    if (!options)
     {
-        printUsage(std::cout);
+        std::cerr << "spatara-render: " << error << "\n" << renderUsage();
+        return kFailure;
+    }
+    if (options->help)
+    {
+        std::cout << renderUsage();
         return 0;
     }
-    if (argc == 3 && std::strcmp(argv[1], "--info") == 0)
+
+    auto host = VstPluginHost::load(options->plugin, error);
+    if (!host)
+        return fail(error);
+    if (!prepare(*host, *options, error))
+        return fail(error);
+
+    if (options->info)
     {
-        std::string error;
-        auto host = VstPluginHost::load(argv[2], error);
-        if (!host) return fail(error);
         printPluginInfo(*host, std::cout);
-        return 0;
     }
-    printUsage(std::cerr);
-    return kUsageError;
+    else
+    {
+        Renderer renderer(*host, *options);
+        if (!renderer.run(error))
+            return fail(error);
+        std::cout << "wrote " << options->output << "\n";
+        if (renderer.hasMeter())
+        {
+            char line[128];
+            std::snprintf(line, sizeof(line), "balance meter: %+.3f (shown %.3f; +0.5 mono, -0.5 anti-phase)\n",
+                          static_cast<double>(renderer.meter()), 0.5 + static_cast<double>(renderer.meter()));
+            std::cout << line;
+        }
+    }
+    if (options->chunkOut && !saveChunk(*host, *options->chunkOut, error))
+        return fail(error);
+    return 0;
 }

@@ -1,0 +1,155 @@
+#include "HostActions.h"
+
+#include "VstPluginHost.h"
+
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <unistd.h>
+#include <vector>
+
+namespace
+{
+// The plug-in's own request for its balance meter, through the vendor-specific opcode.
+constexpr VstInt32 kMeterRequest = CCONST('Z', 'v', 'M', 't');
+// Where the bank header's current preset sits in a ZEV chunk: 8-byte chunk head + 17.
+constexpr std::size_t kChunkCurrentPresetOffset = 8 + 17;
+
+bool readFile(const std::string& file, std::vector<char>& bytes, std::string& error)
+{
+    std::ifstream in(file, std::ios::binary);
+    if (!in)
+    {
+        error = "cannot read " + file + ": " + std::strerror(errno);
+        return false;
+    }
+    bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    return true;
+}
+
+bool presetIndexOf(VstPluginHost& host, const std::string& preset, VstInt32& index, std::string& error)
+{
+    char* end = nullptr;
+    const long number = std::strtol(preset.c_str(), &end, 10);
+    const bool isNumber = !preset.empty() && *end == 0;
+    for (VstInt32 i = 0;; ++i)
+    {
+        char name[256] = {};
+        if (host.dispatch(effGetProgramNameIndexed, i, 0, name) == 0)
+            break;
+        if ((isNumber && number == i) || (!isNumber && preset == name))
+        {
+            index = i;
+            return true;
+        }
+    }
+    error = isNumber ? "no preset number " + preset : "no preset named '" + preset + "'";
+    return false;
+}
+} // namespace
+
+bool writeFileAtomically(const std::string& file, const char* data, std::size_t size, std::string& error)
+{
+    const std::string temporary = file + ".tmp-" + std::to_string(getpid());
+    FILE* out = std::fopen(temporary.c_str(), "wb");
+    bool written = out && std::fwrite(data, 1, size, out) == size;
+    written = out && std::fflush(out) == 0 && fsync(fileno(out)) == 0 && written;
+    if (out)
+        written = std::fclose(out) == 0 && written;
+    if (!written || std::rename(temporary.c_str(), file.c_str()) != 0)
+    {
+        error = "cannot write " + file + ": " + std::strerror(errno);
+        std::remove(temporary.c_str());
+        return false;
+    }
+    return true;
+}
+
+bool restoreChunk(VstPluginHost& host, const std::string& file, std::string& error)
+{
+    std::vector<char> chunk;
+    if (!readFile(file, chunk, error))
+        return false;
+    if (!(host.effect()->flags & effFlagsProgramChunks))
+    {
+        error = "the plug-in keeps no chunk, cannot restore " + file;
+        return false;
+    }
+    if (host.dispatch(effSetChunk, 0, static_cast<VstIntPtr>(chunk.size()), chunk.data()) != 0)
+    {
+        error = "the plug-in refused the chunk in " + file;
+        return false;
+    }
+    return true;
+}
+
+bool saveChunk(VstPluginHost& host, const std::string& file, std::string& error)
+{
+    void* data = nullptr;
+    const VstIntPtr size = host.dispatch(effGetChunk, 0, 0, &data);
+    if (size <= 0 || !data)
+    {
+        error = "the plug-in gave no chunk to save";
+        return false;
+    }
+    return writeFileAtomically(file, static_cast<const char*>(data), static_cast<std::size_t>(size), error);
+}
+
+bool selectPreset(VstPluginHost& host, const std::string& preset, std::string& error)
+{
+    VstInt32 index = 0;
+    if (!presetIndexOf(host, preset, index, error))
+        return false;
+    if (host.effect()->numPrograms > 1)
+    {
+        host.dispatch(effSetProgram, 0, index);
+        return true;
+    }
+    // A plug-in that switches its own presets behind one host program: choose it the way a project
+    // reopens it, through its chunk with that preset current.
+    void* data = nullptr;
+    const VstIntPtr size = host.dispatch(effGetChunk, 0, 0, &data);
+    if (size < static_cast<VstIntPtr>(kChunkCurrentPresetOffset + 4) || !data)
+    {
+        error = "the plug-in offers no way to select preset " + preset;
+        return false;
+    }
+    std::vector<char> chunk(static_cast<char*>(data), static_cast<char*>(data) + size);
+    const std::int32_t current = index;
+    std::memcpy(chunk.data() + kChunkCurrentPresetOffset, &current, sizeof(current));
+    if (host.dispatch(effSetChunk, 0, static_cast<VstIntPtr>(chunk.size()), chunk.data()) != 0)
+    {
+        error = "the plug-in refused to select preset " + preset;
+        return false;
+    }
+    return true;
+}
+
+bool setParameters(VstPluginHost& host, const std::vector<std::pair<std::string, float>>& params,
+                   std::string& error)
+{
+    AEffect* e = host.effect();
+    for (const auto& [name, value] : params)
+    {
+        VstInt32 found = -1;
+        for (VstInt32 i = 0; i < e->numParams && found < 0; ++i)
+            if (host.text(effGetParamName, i) == name)
+                found = i;
+        if (found < 0)
+        {
+            error = "no parameter named '" + name + "'";
+            return false;
+        }
+        e->setParameter(e, found, value);
+    }
+    return true;
+}
+
+bool readBalanceMeter(VstPluginHost& host, float& meter)
+{
+    return host.dispatch(effVendorSpecific, kMeterRequest, 0, &meter) == 1;
+}

@@ -1,0 +1,138 @@
+#include "RenderOptions.h"
+
+#include <cerrno>
+#include <cmath>
+#include <cstdlib>
+
+namespace
+{
+bool parseInt(const std::string& text, int& value)
+{
+    char* end = nullptr;
+    errno = 0;
+    const long parsed = std::strtol(text.c_str(), &end, 10);
+    if (text.empty() || *end != 0 || errno != 0 || parsed < 1 || parsed > 65536)
+        return false;
+    value = static_cast<int>(parsed);
+    return true;
+}
+
+bool parseUnit(const std::string& text, float& value)
+{
+    char* end = nullptr;
+    const float parsed = std::strtof(text.c_str(), &end);
+    if (text.empty() || *end != 0 || !(parsed >= 0.0f && parsed <= 1.0f))
+        return false;
+    value = parsed;
+    return true;
+}
+} // namespace
+
+const char* renderUsage()
+{
+    return "usage: spatara-render PLUGIN.so IN.wav OUT.wav [--preset N|NAME] [--param NAME=VALUE ...]\n"
+           "                     [--block N] [--double] [--chunk-in FILE] [--chunk-out FILE]\n"
+           "       spatara-render --info PLUGIN.so [--chunk-in FILE] [--chunk-out FILE]\n"
+           "\n"
+           "  --preset N|NAME    start from factory or bank preset N (0..37) or the preset of that name\n"
+           "  --param NAME=V     set a parameter by name to a normalised value 0..1 (after the preset)\n"
+           "  --block N          process in blocks of N frames (default 512)\n"
+           "  --double           process in double precision\n"
+           "  --chunk-in FILE    restore the state a host saved (as when reopening a project)\n"
+           "  --chunk-out FILE   save the state a host would store in its project\n";
+}
+
+std::optional<RenderOptions> parseRenderOptions(int argc, char** argv, std::string& error)
+{
+    RenderOptions options;
+    std::vector<std::string> positional;
+    for (int i = 1; i < argc; ++i)
+    {
+        const std::string arg = argv[i];
+        auto value = [&](std::string& out) {
+            if (i + 1 >= argc)
+            {
+                error = arg + " needs a value";
+                return false;
+            }
+            out = argv[++i];
+            return true;
+        };
+        std::string text;
+        if (arg == "--help" || arg == "-h")
+            options.help = true;
+        else if (arg == "--info")
+            options.info = true;
+        else if (arg == "--double")
+            options.doublePrecision = true;
+        else if (arg == "--preset")
+        {
+            if (!value(text))
+                return std::nullopt;
+            options.preset = text;
+        }
+        else if (arg == "--param")
+        {
+            if (!value(text))
+                return std::nullopt;
+            const auto equals = text.find('=');
+            float v = 0.0f;
+            if (equals == std::string::npos || equals == 0)
+            {
+                error = "--param wants NAME=VALUE, got '" + text + "'";
+                return std::nullopt;
+            }
+            if (!parseUnit(text.substr(equals + 1), v))
+            {
+                error = "value of " + text.substr(0, equals) + " must be a number from 0 to 1, got '" +
+                        text.substr(equals + 1) + "'";
+                return std::nullopt;
+            }
+            options.params.emplace_back(text.substr(0, equals), v);
+        }
+        else if (arg == "--block")
+        {
+            if (!value(text))
+                return std::nullopt;
+            if (!parseInt(text, options.blockSize))
+            {
+                error = "--block wants a whole number from 1 to 65536, got '" + text + "'";
+                return std::nullopt;
+            }
+        }
+        else if (arg == "--chunk-in" || arg == "--chunk-out")
+        {
+            if (!value(text))
+                return std::nullopt;
+            (arg == "--chunk-in" ? options.chunkIn : options.chunkOut) = text;
+        }
+        else if (arg.size() > 1 && arg[0] == '-')
+        {
+            error = "unknown option " + arg;
+            return std::nullopt;
+        }
+        else
+            positional.push_back(arg);
+    }
+    if (options.help)
+        return options;
+    if (options.info)
+    {
+        if (positional.size() != 1)
+        {
+            error = "--info wants exactly one plug-in";
+            return std::nullopt;
+        }
+        options.plugin = positional[0];
+        return options;
+    }
+    if (positional.size() != 3)
+    {
+        error = "expected PLUGIN.so IN.wav OUT.wav";
+        return std::nullopt;
+    }
+    options.plugin = positional[0];
+    options.input = positional[1];
+    options.output = positional[2];
+    return options;
+}
