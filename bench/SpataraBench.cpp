@@ -1,0 +1,121 @@
+// Nanoseconds per stereo sample frame of the stereo enhancement engine, per mode, bypass and
+// precision, beside a floor kernel: the two balance envelopes alone. Every output sample feeds those
+// two recursions, so no correct engine can run faster than they do.
+
+#include "RatioReporter.h"
+
+#include "EngineCoefficients.h"
+#include "EnvelopeFollower.h"
+#include "StereoEngine.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <iostream>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+constexpr float kSampleRate = 44100.0f;
+const int kBlocks[] = {64, 512, 4096};
+
+// Partly correlated stereo noise, so that both envelopes carry signal.
+template <typename Sample> void fillStereoNoise(std::vector<Sample>& left, std::vector<Sample>& right)
+{
+    std::minstd_rand random(1234);
+    std::uniform_real_distribution<float> noise(-0.5f, 0.5f);
+    for (size_t n = 0; n < left.size(); ++n)
+    {
+        const float common = noise(random);
+        left[n] = Sample(common + 0.3f * noise(random));
+        right[n] = Sample(common + 0.3f * noise(random));
+    }
+}
+
+void setFramesCounter(benchmark::State& state, int block)
+{
+    // An inverted rate of block * 1e-9 per iteration reads directly as nanoseconds per frame.
+    state.counters["ns_per_frame"] = benchmark::Counter(
+        block * 1e-9, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
+// variant: 0, 1, 2 for the modes, -1 for bypass.
+template <typename Sample> void engineBlock(benchmark::State& state, int variant, int block)
+{
+    std::vector<Sample> inL(block), inR(block), outL(block), outR(block);
+    fillStereoNoise(inL, inR);
+
+    spatara::StereoEngine engine;
+    engine.setDepth(1.0f);
+    engine.setBaseFrequency(265.0f);
+    engine.setWidth(0.5f);
+    engine.setPhase(0.0f);
+    engine.setProcess(variant < 0 ? 0.0f : 1.0f);
+    engine.setMode(variant < 0 ? 0.0f : float(variant));
+    engine.resume(kSampleRate);
+
+    for (auto _ : state)
+    {
+        engine.process(inL.data(), inR.data(), outL.data(), outR.data(), block);
+        benchmark::DoNotOptimize(outL.data());
+        benchmark::DoNotOptimize(outR.data());
+        benchmark::ClobberMemory();
+    }
+    setFramesCounter(state, block);
+}
+
+void envelopeFloor(benchmark::State& state, int block)
+{
+    std::vector<float> left(block), right(block);
+    fillStereoNoise(left, right);
+    const double coefficient = spatara::envelopeCoefficient(kSampleRate);
+    spatara::EnvelopeFollower sum;
+    spatara::EnvelopeFollower difference;
+
+    for (auto _ : state)
+    {
+        for (int n = 0; n < block; ++n)
+        {
+            sum.follow(static_cast<double>(std::abs(left[n] + right[n])), coefficient);
+            difference.follow(static_cast<double>(std::abs(left[n] - right[n])), coefficient);
+        }
+        benchmark::DoNotOptimize(sum);
+        benchmark::DoNotOptimize(difference);
+        benchmark::ClobberMemory();
+    }
+    setFramesCounter(state, block);
+}
+
+void registerBenchmarks()
+{
+    for (int block : kBlocks)
+        benchmark::RegisterBenchmark(("floor/" + std::to_string(block)).c_str(), envelopeFloor, block);
+
+    const std::pair<int, const char*> variants[] = {{0, "mode0"}, {1, "mode1"}, {2, "mode2"}, {-1, "bypass"}};
+    for (const auto& [variant, name] : variants)
+        for (int block : kBlocks)
+        {
+            const std::string suffix = "/" + std::to_string(block);
+            benchmark::RegisterBenchmark((std::string(name) + "/float" + suffix).c_str(), engineBlock<float>,
+                                         variant, block);
+            benchmark::RegisterBenchmark((std::string(name) + "/double" + suffix).c_str(),
+                                         engineBlock<double>, variant, block);
+        }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    registerBenchmarks();
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    reporter.printTable(std::cout);
+    benchmark::Shutdown();
+    return 0;
+}

@@ -1,0 +1,31 @@
+#include "EngineCoefficients.h"
+
+#include "DelayLine.h"
+
+#include <cmath>
+
+namespace spatara
+{
+
+float smoothingCoefficient(float sampleRate)
+{
+    // The product with 277 is taken in single precision, the rest in double.
+    const float samplesTimesMilliseconds = sampleRate * 277.0f;
+    return static_cast<float>(1.0 - std::pow(0.0625, 1.0 / (samplesTimesMilliseconds * 0.001)));
+}
+
+double envelopeCoefficient(float sampleRate)
+{
+    return 1.0 - std::pow(0.0625, 1.0 / (static_cast<double>(sampleRate) * 600.0 * 0.001));
+}
+
+int32_t targetDelayPosition(float sampleRate, float baseFrequency)
+{
+    float position = static_cast<float>(DelayLine::kLength) - sampleRate / baseFrequency;
+    // Written so that NaN (a zero rate over a zero frequency) also lands on the longest delay.
+    if (!(position >= 1.0f)) position = 1.0f;
+    if (position > static_cast<float>(DelayLine::kMask)) position = static_cast<float>(DelayLine::kMask);
+    return static_cast<int32_t>(position);
+}
+
+} // namespace spatara
