@@ -5,8 +5,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    if (size < 1)
-        return 0;
+    if (size < 1) return 0;
     Spatara& effect = fuzzEffect();
     const bool swap = data[0] & 1;
     const bool old = data[0] & 2;

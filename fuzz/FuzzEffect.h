@@ -23,19 +23,15 @@ inline Spatara& fuzzEffect()
 inline void checkTableInvariants(Spatara& effect)
 {
     for (int n = 0; n < kNumPresets; ++n)
-        if (effect.preset(n).name[kPresetNameSize - 1] != 0)
-            std::abort();
-    if (effect.getPresetNo() < 0 || effect.getPresetNo() >= kNumPresets)
-        std::abort();
+        if (effect.preset(n).name[kPresetNameSize - 1] != 0) std::abort();
+    if (effect.getPresetNo() < 0 || effect.getPresetNo() >= kNumPresets) std::abort();
 }
 
 // The header at the front of data, in native order; false when data is too short to hold one.
 inline bool takeHeader(const std::uint8_t* data, std::size_t size, bool swap, newpresetheader& header)
 {
-    if (size < sizeof(newpresetheader))
-        return false;
+    if (size < sizeof(newpresetheader)) return false;
     std::memcpy(&header, data, sizeof(header));
-    if (swap)
-        byteSwapHeader(&header);
+    if (swap) byteSwapHeader(&header);
     return true;
 }

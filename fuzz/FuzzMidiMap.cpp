@@ -5,15 +5,15 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    if (size < 1)
-        return 0;
+    if (size < 1) return 0;
     Spatara& effect = fuzzEffect();
     const bool swap = data[0] & 1;
     const bool old = data[0] & 2;
     std::vector<char> image(data + 1, data + size);
     if (old)
     {
-        effect.presetEditor()->BufferToMidiOld(image.data(), image.size(), swap, static_cast<int>(image.size() / 4));
+        effect.presetEditor()->BufferToMidiOld(image.data(), image.size(), swap,
+                                               static_cast<int>(image.size() / 4));
     }
     else
     {

@@ -5,8 +5,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    if (size < 1)
-        return 0;
+    if (size < 1) return 0;
     Spatara& effect = fuzzEffect();
     const bool swap = data[0] & 1;
     const bool old = data[0] & 2;
@@ -20,8 +19,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     {
         newpresetheader header;
         if (takeHeader(reinterpret_cast<const std::uint8_t*>(image.data()), image.size(), swap, header))
-            effect.presetEditor()->BufferToPreset(image.data() + sizeof(header), image.size() - sizeof(header),
-                                                  &header, swap);
+            effect.presetEditor()->BufferToPreset(image.data() + sizeof(header),
+                                                  image.size() - sizeof(header), &header, swap);
     }
     checkTableInvariants(effect);
     return 0;

@@ -11,7 +11,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     effect.setChunk(chunk.data(), static_cast<VstInt32>(chunk.size()), false);
     checkTableInvariants(effect);
     void* out = nullptr;
-    if (effect.getChunk(&out, false) != 13729)
-        std::abort();
+    if (effect.getChunk(&out, false) != 13729) std::abort();
     return 0;
 }

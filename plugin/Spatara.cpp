@@ -11,6 +11,7 @@ namespace
 {
 constexpr VstInt32 kUniqueId = CCONST('Q', 'w', 's', 'n');
 constexpr VstInt32 kVendorVersion = 1990;
+constexpr VstInt32 kMeterRequest = CCONST('Z', 'v', 'M', 't');
 
 struct ParameterText
 {
@@ -55,7 +56,6 @@ Spatara::Spatara(audioMasterCallback audioMaster) : CPresetSystemEffect(audioMas
 
     vu = 0.0f;
     real[kMode] = 0.0f;
-    sampleRateWhole = static_cast<int>(getSampleRate());
     // Asked once so hosts see the usual start-up conversation; the answers are not needed.
     getOutputLatency();
     getBlockSize();
@@ -111,6 +111,61 @@ VstInt32 Spatara::canDo(char* text)
     return 0;
 }
 
+// ---------------------------------------------------------------- life cycle and processing
+
+void Spatara::suspend()
+{
+    engine.suspend(getSampleRate());
+    if (CPresetSystemEditor* e = presetEditor()) e->suspend();
+}
+
+void Spatara::resume()
+{
+    CPresetSystemEffect::resume();
+    readPinConnections();
+    engine.resume(getSampleRate());
+}
+
+void Spatara::readPinConnections()
+{
+    // Asked here rather than per block: the host callback is no place for the audio thread to go.
+    secondInputConnected = isInputConnected(1);
+    secondOutputConnected = isOutputConnected(1);
+}
+
+template <typename Sample> void Spatara::process(Sample** inputs, Sample** outputs, VstInt32 sampleFrames)
+{
+    Sample* inL = inputs[0];
+    Sample* inR = inputs[1];
+    if (!secondInputConnected.load(std::memory_order_relaxed) || !inR ||
+        !stereoInput.load(std::memory_order_relaxed) || inR == inL)
+        inR = inL;
+    Sample* outL = outputs[0];
+    Sample* outR = outputs[1];
+    // Without a separate second output the right result lands in output 0, after the left one.
+    if (!secondOutputConnected.load(std::memory_order_relaxed) || !outR ||
+        !stereoOutput.load(std::memory_order_relaxed) || outR == outL)
+        outR = outL;
+    engine.process(inL, inR, outL, outR, sampleFrames);
+}
+
+void Spatara::processReplacing(float** inputs, float** outputs, VstInt32 sampleFrames)
+{
+    process(inputs, outputs, sampleFrames);
+}
+
+void Spatara::processDoubleReplacing(double** inputs, double** outputs, VstInt32 sampleFrames)
+{
+    process(inputs, outputs, sampleFrames);
+}
+
+VstIntPtr Spatara::vendorSpecific(VstInt32 index, VstIntPtr, void* ptr, float)
+{
+    if (index != kMeterRequest || !ptr) return 0;
+    *static_cast<float*>(ptr) = engine.meter();
+    return 1;
+}
+
 // ---------------------------------------------------------------- pins and channel layout
 
 bool Spatara::getInputProperties(VstInt32 index, VstPinProperties* properties)
@@ -157,16 +212,26 @@ void Spatara::setParameter(VstInt32 index, float value)
         {
         case kDepth:
             realValue = depthFromNormalised(value);
+            engine.setDepth(realValue);
             break;
         case kBaseFreq:
             realValue = frequencyFromNormalised(value);
+            engine.setBaseFrequency(realValue);
+            break;
+        case kWidth:
+            engine.setWidth(realValue);
             break;
         case kProcess:
+            realValue = switchFromNormalised(value);
+            engine.setProcess(realValue);
+            break;
         case kPhase:
             realValue = switchFromNormalised(value);
+            engine.setPhase(realValue);
             break;
         case kMode:
             realValue = modeFromNormalised(value);
+            engine.setMode(realValue);
             break;
         default:
             break;

@@ -4,6 +4,7 @@
 
 #include "CPresetSystemEffect.h"
 #include "ParameterMapping.h"
+#include "StereoEngine.h"
 
 #include <atomic>
 
@@ -20,6 +21,18 @@ class Spatara : public CPresetSystemEffect
     VstInt32 getVendorVersion() override;
     VstPlugCategory getPlugCategory() override;
     VstInt32 canDo(char* text) override;
+
+    // ---- life cycle (host's UI thread, never while processing)
+    void suspend() override;
+    void resume() override;
+
+    // ---- processing (audio thread)
+    void processReplacing(float** inputs, float** outputs, VstInt32 sampleFrames) override;
+    void processDoubleReplacing(double** inputs, double** outputs, VstInt32 sampleFrames) override;
+    // The balance meter, -0.5 (anti-phase) .. +0.5 (mono); any thread.
+    float getStereoMeter() const { return engine.meter(); }
+    // Our own request: 'ZvMt' writes the balance meter into the float at ptr, so offline hosts can show it.
+    VstIntPtr vendorSpecific(VstInt32 index, VstIntPtr value, void* ptr, float opt) override;
 
     // ---- pins and channel layout (host's UI thread)
     bool getInputProperties(VstInt32 index, VstPinProperties* properties) override;
@@ -49,10 +62,16 @@ class Spatara : public CPresetSystemEffect
     bool hasStereoOutput() const { return stereoOutput; }
 
   private:
+    template <typename Sample> void process(Sample** inputs, Sample** outputs, VstInt32 sampleFrames);
+    // Asks the host which of the second pins are connected; the audio thread only reads the answers.
+    void readPinConnections();
+
+    spatara::StereoEngine engine;
+    std::atomic<bool> secondInputConnected{true};
+    std::atomic<bool> secondOutputConnected{true};
     std::atomic<float> normalised[kNumParameters] = {};
     std::atomic<float> real[kNumParameters] = {};
     std::atomic<bool> stereoInput{true};
     std::atomic<bool> stereoOutput{true};
     float vu = 0.0f;
-    int sampleRateWhole = 0;
 };

@@ -33,12 +33,16 @@ class CPresetSystemEditor : public AEffEditor
     // Readers take the chunks after a header already put in native order, with the real length of what
     // follows it; swap says the fields were written in the other byte order. They answer whether the image
     // was taken; a refused image leaves the presets as they were.
-    virtual bool BufferToPreset(const char* chunks, std::size_t length, const newpresetheader* header, bool swap);
-    virtual bool BufferToBank(const char* chunks, std::size_t length, const newpresetheader* header, bool swap);
-    virtual bool BufferToMidi(const char* chunks, std::size_t length, const newpresetheader* header, bool swap);
+    virtual bool BufferToPreset(const char* chunks, std::size_t length, const newpresetheader* header,
+                                bool swap);
+    virtual bool BufferToBank(const char* chunks, std::size_t length, const newpresetheader* header,
+                              bool swap);
+    virtual bool BufferToMidi(const char* chunks, std::size_t length, const newpresetheader* header,
+                              bool swap);
     // Old images: records of a name and the values, no chunk heads.
     virtual bool BufferToPresetOld(const char* data, std::size_t length, bool swap, int numValues);
-    virtual bool BufferToBankOld(const char* data, std::size_t length, bool swap, int numPresets, int numValues);
+    virtual bool BufferToBankOld(const char* data, std::size_t length, bool swap, int numPresets,
+                                 int numValues);
     virtual bool BufferToMidiOld(const char* data, std::size_t length, bool swap, int count);
 
     // ---- the preset panel; nothing happens while no window is open

@@ -15,7 +15,10 @@ namespace
 constexpr std::size_t kNameChunkSize = kChunkHeadSize + kNamePayloadSize;
 constexpr std::size_t kValueChunkSize = kChunkHeadSize + kValuePayloadSize;
 
-bool isNormalised(float value) { return value >= 0.0f && value <= 1.0f; } // NaN fails
+bool isNormalised(float value)
+{
+    return value >= 0.0f && value <= 1.0f;
+} // NaN fails
 
 // One chunk of an image: its head, and where its payload starts.
 struct ChunkView
@@ -35,14 +38,12 @@ class ChunkWalker
     // The next chunk, or false when the image ends before it does.
     bool next(ChunkView& chunk)
     {
-        if (!reader.has(offset, kChunkHeadSize))
-            return false;
+        if (!reader.has(offset, kChunkHeadSize)) return false;
         chunk.type = reader.int32At(offset);
         chunk.size = reader.int32At(offset + 4);
         chunk.presetIndex = reader.int32At(offset + 8);
         chunk.payload = offset + kChunkHeadSize;
-        if (chunk.size < 0 || !reader.has(chunk.payload, static_cast<std::size_t>(chunk.size)))
-            return false;
+        if (chunk.size < 0 || !reader.has(chunk.payload, static_cast<std::size_t>(chunk.size))) return false;
         offset = chunk.payload + static_cast<std::size_t>(chunk.size);
         return true;
     }
@@ -74,7 +75,10 @@ class TableSnapshot
     std::vector<PresetRecord> records;
 };
 
-bool hasPayload(const ChunkView& chunk, std::size_t needed) { return static_cast<std::size_t>(chunk.size) >= needed; }
+bool hasPayload(const ChunkView& chunk, std::size_t needed)
+{
+    return static_cast<std::size_t>(chunk.size) >= needed;
+}
 
 void copyName(PresetRecord& record, const char* name)
 {
@@ -91,8 +95,8 @@ void reportRepair(const char* when, int parameter, float value, long presetIndex
 
 // ---------------------------------------------------------------- writers
 
-newpresetheader CPresetSystemEditor::makeHeader(char fileType, std::int32_t numChunks, std::int32_t currentPreset,
-                                                std::int32_t dataSize) const
+newpresetheader CPresetSystemEditor::makeHeader(char fileType, std::int32_t numChunks,
+                                                std::int32_t currentPreset, std::int32_t dataSize) const
 {
     newpresetheader header{};
     header.uniqueID = presetEffect()->getUniqueID();
@@ -109,8 +113,7 @@ int CPresetSystemEditor::storedValueCount() const
 {
     int count = 0;
     for (int i = 0; i < kNumStoredValues; ++i)
-        if (!presetEffect()->isDummy(i))
-            ++count;
+        if (!presetEffect()->isDummy(i)) ++count;
     return count;
 }
 
@@ -128,8 +131,7 @@ std::vector<char> CPresetSystemEditor::PresetToBuffer()
     writer.zeros(kNamePayloadSize - kPresetNameSize);
     for (int i = 0; i < kNumStoredValues; ++i)
     {
-        if (fx->isDummy(i))
-            continue;
+        if (fx->isDummy(i)) continue;
         writer.chunkHead(kChunkValue, kValuePayloadSize, 0);
         writer.int32(i);
         writer.int32(0);
@@ -158,8 +160,7 @@ std::vector<char> CPresetSystemEditor::BankToBuffer()
         writer.zeros(kNamePayloadSize - kPresetNameSize);
         for (int i = 0; i < kNumStoredValues; ++i)
         {
-            if (fx->isDummy(i))
-                continue;
+            if (fx->isDummy(i)) continue;
             float value = record.values[i];
             // A bank is repaired on save (the table is not); NaN passes unchanged.
             if (value < 0.0f || value > 1.0f)
@@ -187,8 +188,7 @@ std::vector<char> CPresetSystemEditor::MidiToBuffer()
     writer.header(makeHeader(kFileTypeMidiMap, values, 0, dataSize));
     for (int i = 0; i < kNumStoredValues; ++i)
     {
-        if (fx->isDummy(i))
-            continue;
+        if (fx->isDummy(i)) continue;
         writer.chunkHead(kChunkMidiAssignment, kValuePayloadSize, 0);
         writer.int32(i);
         writer.int32(0);
@@ -201,8 +201,8 @@ std::vector<char> CPresetSystemEditor::MidiToBuffer()
 
 // ---------------------------------------------------------------- readers
 
-bool CPresetSystemEditor::BufferToPreset(const char* chunks, std::size_t length, const newpresetheader* header,
-                                         bool swap)
+bool CPresetSystemEditor::BufferToPreset(const char* chunks, std::size_t length,
+                                         const newpresetheader* header, bool swap)
 {
     CPresetSystemEffect* fx = presetEffect();
     const long n = fx->getPresetNo();
@@ -211,8 +211,7 @@ bool CPresetSystemEditor::BufferToPreset(const char* chunks, std::size_t length,
     // Re-initialised first, so whatever the image does not carry takes its default.
     fx->initializePreset(n);
     // A negative count stops here and the preset stays re-initialised: long-standing behaviour, kept.
-    if (header->numChunks < 0)
-        return false;
+    if (header->numChunks < 0) return false;
 
     const ImageReader reader(chunks, length, swap);
     ChunkWalker walker(reader);
@@ -240,8 +239,7 @@ bool CPresetSystemEditor::BufferToPreset(const char* chunks, std::size_t length,
                 if (parameter < static_cast<std::uint32_t>(kNumStoredValues))
                 {
                     valid = isNormalised(value);
-                    if (valid)
-                        record.values[parameter] = value;
+                    if (valid) record.values[parameter] = value;
                 }
             }
         }
@@ -263,11 +261,9 @@ bool CPresetSystemEditor::BufferToBank(const char* chunks, std::size_t length, c
                                        bool swap)
 {
     CPresetSystemEffect* fx = presetEffect();
-    if (header->numChunks < 0)
-        return false;
+    if (header->numChunks < 0) return false;
     std::int32_t current = header->currentPreset;
-    if (current < 0 || current >= kNumPresets)
-        current = 0;
+    if (current < 0 || current >= kNumPresets) current = 0;
 
     TableSnapshot saved(*fx);
 
@@ -276,23 +272,19 @@ bool CPresetSystemEditor::BufferToBank(const char* chunks, std::size_t length, c
     for (std::int32_t c = 0; c < header->numChunks; ++c)
     {
         ChunkView chunk{};
-        if (!walker.next(chunk))
-            return saved.restore();
-        if (chunk.presetIndex < 0 || chunk.presetIndex >= kNumPresets)
-            continue;
+        if (!walker.next(chunk)) return saved.restore();
+        if (chunk.presetIndex < 0 || chunk.presetIndex >= kNumPresets) continue;
         PresetRecord& record = fx->preset(chunk.presetIndex);
         if (chunk.type == kChunkName)
         {
-            if (!hasPayload(chunk, kPresetNameSize))
-                return saved.restore();
+            if (!hasPayload(chunk, kPresetNameSize)) return saved.restore();
             fx->initializePreset(chunk.presetIndex);
             copyName(record, reader.at(chunk.payload));
             setListEntryTitle(chunk.presetIndex, record.name);
         }
         else if (chunk.type == kChunkValue)
         {
-            if (!hasPayload(chunk, kValueOffsetInPayload + 4))
-                return saved.restore();
+            if (!hasPayload(chunk, kValueOffsetInPayload + 4)) return saved.restore();
             const auto parameter = static_cast<std::uint32_t>(reader.int32At(chunk.payload));
             float value = reader.floatAt(chunk.payload + kValueOffsetInPayload);
             // A bank value out of range is repaired and reported rather than refused.
@@ -320,17 +312,14 @@ bool CPresetSystemEditor::BufferToMidi(const char* chunks, std::size_t length, c
                                        bool swap)
 {
     CPresetSystemEffect* fx = presetEffect();
-    if (header->numChunks < 1)
-        return false;
+    if (header->numChunks < 1) return false;
     const ImageReader reader(chunks, length, swap);
     ChunkWalker walker(reader);
     for (std::int32_t c = 0; c < header->numChunks; ++c)
     {
         ChunkView chunk{};
-        if (!walker.next(chunk))
-            return false; // assignments already made are kept, as with a bad value
-        if (chunk.type != kChunkMidiAssignment || !hasPayload(chunk, kValueOffsetInPayload + 4))
-            continue;
+        if (!walker.next(chunk)) return false; // assignments already made are kept, as with a bad value
+        if (chunk.type != kChunkMidiAssignment || !hasPayload(chunk, kValueOffsetInPayload + 4)) continue;
         const auto parameter = static_cast<std::uint32_t>(reader.int32At(chunk.payload));
         const float value = reader.floatAt(chunk.payload + kValueOffsetInPayload);
         if (parameter < static_cast<std::uint32_t>(kNumStoredValues) && isNormalised(value))
@@ -344,8 +333,7 @@ bool CPresetSystemEditor::BufferToPresetOld(const char* data, std::size_t length
     CPresetSystemEffect* fx = presetEffect();
     const int values = std::clamp(numValues, 0, kNumStoredValues);
     const ImageReader reader(data, length, swap);
-    if (!reader.has(0, kPresetNameSize + static_cast<std::size_t>(values) * 4))
-        return false;
+    if (!reader.has(0, kPresetNameSize + static_cast<std::size_t>(values) * 4)) return false;
 
     const long n = fx->getPresetNo();
     const PresetRecord saved = fx->preset(n);
@@ -354,8 +342,7 @@ bool CPresetSystemEditor::BufferToPresetOld(const char* data, std::size_t length
     copyName(record, reader.at(0));
     for (int j = 0; j < values; ++j)
     {
-        if (fx->isDummyOld(j))
-            continue; // still occupies its four bytes
+        if (fx->isDummyOld(j)) continue; // still occupies its four bytes
         const float value = reader.floatAt(kPresetNameSize + static_cast<std::size_t>(j) * 4);
         if (!isNormalised(value))
         {
@@ -380,8 +367,7 @@ bool CPresetSystemEditor::BufferToBankOld(const char* data, std::size_t length, 
     const int presets = std::clamp(numPresets, 0, kNumPresets);
     const std::size_t stride = static_cast<std::size_t>(values) * 4 + kPresetNameSize;
     const ImageReader reader(data, length, swap);
-    if (!reader.has(0, stride * static_cast<std::size_t>(presets)))
-        return false;
+    if (!reader.has(0, stride * static_cast<std::size_t>(presets))) return false;
 
     TableSnapshot saved(*fx);
     for (int n = 0; n < presets; ++n)
@@ -393,11 +379,9 @@ bool CPresetSystemEditor::BufferToBankOld(const char* data, std::size_t length, 
         setListEntryTitle(n, record.name);
         for (int j = 0; j < values; ++j)
         {
-            if (fx->isDummyOld(j))
-                continue;
+            if (fx->isDummyOld(j)) continue;
             const float value = reader.floatAt(base + kPresetNameSize + static_cast<std::size_t>(j) * 4);
-            if (!isNormalised(value))
-                return saved.restore();
+            if (!isNormalised(value)) return saved.restore();
             record.values[j] = value;
         }
     }
@@ -416,13 +400,10 @@ bool CPresetSystemEditor::BufferToMidiOld(const char* data, std::size_t length, 
     const int values = std::clamp(count, 0, kNumStoredValues);
     for (int j = 0; j < values; ++j)
     {
-        if (fx->isDummyOld(j))
-            continue;
-        if (!reader.has(static_cast<std::size_t>(j) * 4, 4))
-            return false;
+        if (fx->isDummyOld(j)) continue;
+        if (!reader.has(static_cast<std::size_t>(j) * 4, 4)) return false;
         const float value = reader.floatAt(static_cast<std::size_t>(j) * 4);
-        if (!isNormalised(value))
-            return false; // stops here; assignments already made stay
+        if (!isNormalised(value)) return false; // stops here; assignments already made stay
         fx->setParameter(j + kNumStoredValues, value);
     }
     return true;

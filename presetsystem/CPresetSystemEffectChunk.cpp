@@ -29,12 +29,10 @@ VstInt32 CPresetSystemEffect::getChunk(void** data, bool)
 {
     // A single program is never asked for alone: the host always gets the whole bank.
     CPresetSystemEditor* e = presetEditor();
-    if (!e)
-        return 0;
+    if (!e) return 0;
     std::fill(chunkBuffer.begin(), chunkBuffer.end(), 0);
     const std::vector<char> bank = e->BankToBuffer();
-    if (bank.empty() || bank.size() + kHostChunkHeadSize > chunkBuffer.size())
-        return 0;
+    if (bank.empty() || bank.size() + kHostChunkHeadSize > chunkBuffer.size()) return 0;
     std::memcpy(chunkBuffer.data(), &kChunkVersion, 4);
     const std::int32_t id = getUniqueID();
     std::memcpy(chunkBuffer.data() + 4, &id, 4);
@@ -46,8 +44,7 @@ VstInt32 CPresetSystemEffect::getChunk(void** data, bool)
 VstInt32 CPresetSystemEffect::setChunk(void* data, VstInt32 byteSize, bool isPreset)
 {
     CPresetSystemEditor* e = presetEditor();
-    if (!e || !data || byteSize < kHostChunkHeadSize)
-        return -1;
+    if (!e || !data || byteSize < kHostChunkHeadSize) return -1;
     const auto* bytes = static_cast<const char*>(data);
     std::memcpy(oldChunkScratch.data(), bytes, kHostChunkHeadSize);
 
@@ -60,29 +57,23 @@ VstInt32 CPresetSystemEffect::setChunk(void* data, VstInt32 byteSize, bool isPre
     else
         return -1;
     std::int32_t version = readNative(oldChunkScratch.data());
-    if (swapped)
-        version = swapped32(version);
+    if (swapped) version = swapped32(version);
 
-    if (version == kOldChunkVersion)
-        return setChunkOld(data, byteSize, isPreset, swapped);
-    if (version != kChunkVersion)
-        return -1;
+    if (version == kOldChunkVersion) return setChunkOld(data, byteSize, isPreset, swapped);
+    if (version != kChunkVersion) return -1;
 
     const auto size = static_cast<std::size_t>(byteSize);
-    if (size < kHostChunkHeadSize + sizeof(newpresetheader))
-        return -1;
+    if (size < kHostChunkHeadSize + sizeof(newpresetheader)) return -1;
     newpresetheader header;
     std::memcpy(&header, bytes + kHostChunkHeadSize, sizeof(header));
-    if (swapped)
-        byteSwapHeader(&header);
+    if (swapped) byteSwapHeader(&header);
     const std::size_t chunksAt = kHostChunkHeadSize + sizeof(newpresetheader);
     return e->BufferToBank(bytes + chunksAt, size - chunksAt, &header, swapped) ? 0 : -1;
 }
 
 VstInt32 CPresetSystemEffect::setChunkOld(void* data, VstInt32 byteSize, bool, bool swapped)
 {
-    if (!data || byteSize < static_cast<VstInt32>(kOldChunkHeadSize))
-        return -1;
+    if (!data || byteSize < static_cast<VstInt32>(kOldChunkHeadSize)) return -1;
     const auto size = static_cast<std::size_t>(byteSize);
     std::fill(oldChunkScratch.begin(), oldChunkScratch.end(), 0);
     std::memcpy(oldChunkScratch.data(), data, std::min(size, oldChunkScratch.size()));
@@ -90,12 +81,10 @@ VstInt32 CPresetSystemEffect::setChunkOld(void* data, VstInt32 byteSize, bool, b
     const ImageReader head(reinterpret_cast<const char*>(oldChunkScratch.data()), kOldChunkHeadSize, swapped);
     const std::int32_t storedPresets = head.int32At(8);
     const std::int32_t current = head.int32At(12);
-    if (storedPresets <= 0)
-        return -1; // nothing to read, and nothing to divide by
+    if (storedPresets <= 0) return -1; // nothing to read, and nothing to divide by
 
     const std::size_t perPreset = (size - kOldChunkHeadSize) / static_cast<std::size_t>(storedPresets);
-    if (perPreset < kPresetNameSize)
-        return -1;
+    if (perPreset < kPresetNameSize) return -1;
     const std::size_t storedValues = (perPreset - kPresetNameSize) / 4;
     const std::size_t values = std::min<std::size_t>(storedValues, kNumStoredValues);
     const std::size_t stride = values * 4 + kPresetNameSize;
@@ -115,12 +104,10 @@ VstInt32 CPresetSystemEffect::setChunkOld(void* data, VstInt32 byteSize, bool, b
         record.name[kPresetNameSize - 1] = 0;
         for (std::size_t j = 0; j < values; ++j)
         {
-            if (isDummyOld(static_cast<int>(j)))
-                continue;
+            if (isDummyOld(static_cast<int>(j))) continue;
             const float value = records.floatAt(base + kPresetNameSize + j * 4);
             // Refused at the first bad value; the presets read so far stay, as they always have.
-            if (!(value >= 0.0f && value <= 1.0f))
-                return -1;
+            if (!(value >= 0.0f && value <= 1.0f)) return -1;
             record.values[j] = value;
         }
     }

@@ -4,9 +4,15 @@
 
 #include <cstring>
 
-ImageWriter::ImageWriter(std::size_t expectedSize) { image.reserve(expectedSize); }
+ImageWriter::ImageWriter(std::size_t expectedSize)
+{
+    image.reserve(expectedSize);
+}
 
-void ImageWriter::header(const newpresetheader& header) { bytes(&header, sizeof(header)); }
+void ImageWriter::header(const newpresetheader& header)
+{
+    bytes(&header, sizeof(header));
+}
 
 void ImageWriter::chunkHead(std::int32_t type, std::int32_t size, std::int32_t presetIndex)
 {
@@ -15,9 +21,15 @@ void ImageWriter::chunkHead(std::int32_t type, std::int32_t size, std::int32_t p
     int32(presetIndex);
 }
 
-void ImageWriter::int32(std::int32_t value) { bytes(&value, sizeof(value)); }
+void ImageWriter::int32(std::int32_t value)
+{
+    bytes(&value, sizeof(value));
+}
 
-void ImageWriter::float32(float value) { bytes(&value, sizeof(value)); }
+void ImageWriter::float32(float value)
+{
+    bytes(&value, sizeof(value));
+}
 
 void ImageWriter::bytes(const void* data, std::size_t n)
 {
@@ -25,4 +37,7 @@ void ImageWriter::bytes(const void* data, std::size_t n)
     image.insert(image.end(), first, first + n);
 }
 
-void ImageWriter::zeros(std::size_t n) { image.insert(image.end(), n, 0); }
+void ImageWriter::zeros(std::size_t n)
+{
+    image.insert(image.end(), n, 0);
+}

@@ -22,10 +22,10 @@ enum PresetChunkType : std::int32_t
 
 constexpr std::int32_t kPresetImageVersion = 0x01090900;
 constexpr int kChunkHeadSize = 12;
-constexpr int kNamePayloadSize = 156;  // 24 name bytes, then 132 zero bytes
-constexpr int kValuePayloadSize = 20;  // number, 0, 0, value, 0
+constexpr int kNamePayloadSize = 156; // 24 name bytes, then 132 zero bytes
+constexpr int kValuePayloadSize = 20; // number, 0, 0, value, 0
 constexpr int kValueOffsetInPayload = 12;
-constexpr int kOldImageHeadSize = 5;   // identifier and type byte
+constexpr int kOldImageHeadSize = 5; // identifier and type byte
 
 #pragma pack(push, 1)
 struct newpresetheader

@@ -153,4 +153,7 @@ TEST(FloatToString, HugeValuesSaySo)
     EXPECT_EQ(text(-9999999.0f, 0), "-9999999");
 }
 
-TEST(FloatToString, RoundKeepsTheAddedUnit) { EXPECT_NEAR(round(1.26, 1), 1.36, 1e-12); }
+TEST(FloatToString, RoundKeepsTheAddedUnit)
+{
+    EXPECT_NEAR(round(1.26, 1), 1.36, 1e-12);
+}

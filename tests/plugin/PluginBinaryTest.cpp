@@ -71,7 +71,7 @@ TEST_F(PluginBinary, ReportsNamesVendorVersionAndCategory)
 TEST_F(PluginBinary, ParameterNamesAndLabelsKeepTheirBlanks)
 {
     const std::array<std::string, 6> names = {"depth", "baseFreq", "wdth/emph", "process", "phase", "mode"};
-    const std::array<std::string, 6> labels = {"    %   ", "    Hz   ", "    %    ",
+    const std::array<std::string, 6> labels = {"    %   ",  "    Hz   ", "    %    ",
                                                "         ", "         ", "         "};
     for (int i = 0; i < 6; ++i)
     {

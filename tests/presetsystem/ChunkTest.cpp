@@ -17,13 +17,15 @@ class HostChunk : public ::testing::Test
     {
         void* data = nullptr;
         const VstInt32 size = effect.getChunk(&data, isPreset);
-        if (size <= 0 || !data)
-            return {};
+        if (size <= 0 || !data) return {};
         const auto* bytes = static_cast<const char*>(data);
         return Bytes(bytes, bytes + size);
     }
 
-    VstInt32 setChunk(Bytes chunk) { return effect.setChunk(chunk.data(), static_cast<VstInt32>(chunk.size()), false); }
+    VstInt32 setChunk(Bytes chunk)
+    {
+        return effect.setChunk(chunk.data(), static_cast<VstInt32>(chunk.size()), false);
+    }
 
     Bytes table()
     {

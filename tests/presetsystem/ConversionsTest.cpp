@@ -16,13 +16,25 @@ std::string cc(float value)
 }
 } // namespace
 
-TEST(ControllerNames, ZeroIsBankSelectMsb) { EXPECT_EQ(cc(0.0f), "bank sel MSB"); }
+TEST(ControllerNames, ZeroIsBankSelectMsb)
+{
+    EXPECT_EQ(cc(0.0f), "bank sel MSB");
+}
 
-TEST(ControllerNames, TheCentreOfSlotTenIsPan) { EXPECT_EQ(cc(long2float(10, 130)), "pan"); }
+TEST(ControllerNames, TheCentreOfSlotTenIsPan)
+{
+    EXPECT_EQ(cc(long2float(10, 130)), "pan");
+}
 
-TEST(ControllerNames, Slot128IsNotAssigned) { EXPECT_EQ(cc(long2float(128, 130)), "not assigned"); }
+TEST(ControllerNames, Slot128IsNotAssigned)
+{
+    EXPECT_EQ(cc(long2float(128, 130)), "not assigned");
+}
 
-TEST(ControllerNames, OneIsTheBlankSlot) { EXPECT_EQ(cc(1.0f), ""); }
+TEST(ControllerNames, OneIsTheBlankSlot)
+{
+    EXPECT_EQ(cc(1.0f), "");
+}
 
 TEST(ControllerNames, UnnamedControllersAreNumbered)
 {
@@ -48,7 +60,10 @@ TEST(ParamConversion, ContToLongCapsAtTheLastStepButNotBelowZero)
     EXPECT_EQ(paramContToLong(-0.25f, 10), -2);
 }
 
-TEST(ParamConversion, LongToContGivesTheCentreOfTheStep) { EXPECT_FLOAT_EQ(paramLongToCont(2, 10), 0.25f); }
+TEST(ParamConversion, LongToContGivesTheCentreOfTheStep)
+{
+    EXPECT_FLOAT_EQ(paramLongToCont(2, 10), 0.25f);
+}
 
 TEST(ParamConversion, Long2FloatAndFloat2LongRoundTrip)
 {

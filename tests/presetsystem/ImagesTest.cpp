@@ -20,8 +20,7 @@ class Images : public ::testing::Test
     {
         newpresetheader header;
         std::memcpy(&header, image.data(), sizeof(header));
-        if (swap)
-            byteSwapHeader(&header);
+        if (swap) byteSwapHeader(&header);
         return editor().BufferToPreset(image.data() + 41, image.size() - 41, &header, swap);
     }
 
@@ -29,8 +28,7 @@ class Images : public ::testing::Test
     {
         newpresetheader header;
         std::memcpy(&header, image.data(), sizeof(header));
-        if (swap)
-            byteSwapHeader(&header);
+        if (swap) byteSwapHeader(&header);
         return editor().BufferToBank(image.data() + 41, image.size() - 41, &header, swap);
     }
 
@@ -250,10 +248,12 @@ TEST_F(Images, TruncatedImagesAreRefusedAndChangeNothing)
     effect.setPresetNo(2);
     const Bytes before = table();
     for (std::size_t cut = 41; cut < preset.size(); cut += 7)
-        EXPECT_FALSE(loadPreset(Bytes(preset.begin(), preset.begin() + static_cast<std::ptrdiff_t>(cut)), false))
+        EXPECT_FALSE(
+            loadPreset(Bytes(preset.begin(), preset.begin() + static_cast<std::ptrdiff_t>(cut)), false))
             << cut;
     for (std::size_t cut = 41; cut < bank.size(); cut += 331)
-        EXPECT_FALSE(loadBank(Bytes(bank.begin(), bank.begin() + static_cast<std::ptrdiff_t>(cut)), false)) << cut;
+        EXPECT_FALSE(loadBank(Bytes(bank.begin(), bank.begin() + static_cast<std::ptrdiff_t>(cut)), false))
+            << cut;
     EXPECT_EQ(table(), before);
 }
 

@@ -23,8 +23,7 @@ class AssignmentRecorder : public CPresetSystemEffect
     }
     void setParameter(VstInt32 index, float value) override
     {
-        if (index >= 6)
-            assigned.emplace_back(index, value);
+        if (index >= 6) assigned.emplace_back(index, value);
     }
     std::vector<std::pair<VstInt32, float>> assigned;
 };

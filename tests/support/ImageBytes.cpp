@@ -23,9 +23,15 @@ float floatAt(const Bytes& image, std::size_t offset)
     return value;
 }
 
-void putInt32(Bytes& image, std::size_t offset, std::int32_t value) { std::memcpy(image.data() + offset, &value, 4); }
+void putInt32(Bytes& image, std::size_t offset, std::int32_t value)
+{
+    std::memcpy(image.data() + offset, &value, 4);
+}
 
-void putFloat(Bytes& image, std::size_t offset, float value) { std::memcpy(image.data() + offset, &value, 4); }
+void putFloat(Bytes& image, std::size_t offset, float value)
+{
+    std::memcpy(image.data() + offset, &value, 4);
+}
 
 void reverseWord(Bytes& image, std::size_t offset)
 {

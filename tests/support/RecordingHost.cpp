@@ -7,29 +7,32 @@ namespace
 RecordingHost* current = nullptr;
 } // namespace
 
-RecordingHost::RecordingHost() { current = this; }
+RecordingHost::RecordingHost()
+{
+    current = this;
+}
 
 RecordingHost::~RecordingHost()
 {
-    if (current == this)
-        current = nullptr;
+    if (current == this) current = nullptr;
 }
 
-audioMasterCallback RecordingHost::callback() const { return &RecordingHost::answer; }
+audioMasterCallback RecordingHost::callback() const
+{
+    return &RecordingHost::answer;
+}
 
 std::vector<HostRequest> RecordingHost::requestsOf(VstInt32 opcode) const
 {
     std::vector<HostRequest> matching;
     for (const HostRequest& request : recorded)
-        if (request.opcode == opcode)
-            matching.push_back(request);
+        if (request.opcode == opcode) matching.push_back(request);
     return matching;
 }
 
 VstIntPtr RecordingHost::answer(AEffect*, VstInt32 opcode, VstInt32 index, VstIntPtr value, void*, float opt)
 {
-    if (!current)
-        return 0;
+    if (!current) return 0;
     current->recorded.push_back({opcode, index, value, opt});
     switch (opcode)
     {

@@ -128,7 +128,8 @@ TEST(VstInterface, SmallRecordLayoutsAgreeWithCleanRoomHeader)
     constexpr std::size_t kWidenedType = 4;
     EXPECT_EQ(offsetof(VstSpeakerArrangement, numChannels) + kWidenedType,
               offsetof(vst_speaker_arrangement, channels));
-    EXPECT_EQ(offsetof(VstSpeakerArrangement, speakers) + kWidenedType, offsetof(vst_speaker_arrangement, speakers));
+    EXPECT_EQ(offsetof(VstSpeakerArrangement, speakers) + kWidenedType,
+              offsetof(vst_speaker_arrangement, speakers));
     EXPECT_EQ(offsetof(VstSpeakerArrangement, numChannels), 4u);
     EXPECT_EQ(offsetof(VstSpeakerArrangement, speakers), 8u);
 }
@@ -136,12 +137,16 @@ TEST(VstInterface, SmallRecordLayoutsAgreeWithCleanRoomHeader)
 TEST(VstInterface, ParameterPropertiesAgreeUpToTheIntegerSteps)
 {
     EXPECT_EQ(offsetof(VstParameterProperties, stepFloat), offsetof(vst_parameter_properties, step_f32));
-    EXPECT_EQ(offsetof(VstParameterProperties, smallStepFloat), offsetof(vst_parameter_properties, step_small_f32));
-    EXPECT_EQ(offsetof(VstParameterProperties, largeStepFloat), offsetof(vst_parameter_properties, step_large_f32));
+    EXPECT_EQ(offsetof(VstParameterProperties, smallStepFloat),
+              offsetof(vst_parameter_properties, step_small_f32));
+    EXPECT_EQ(offsetof(VstParameterProperties, largeStepFloat),
+              offsetof(vst_parameter_properties, step_large_f32));
     EXPECT_EQ(offsetof(VstParameterProperties, label), offsetof(vst_parameter_properties, name));
     EXPECT_EQ(offsetof(VstParameterProperties, flags), offsetof(vst_parameter_properties, flags));
-    EXPECT_EQ(offsetof(VstParameterProperties, minInteger), offsetof(vst_parameter_properties, min_value_i32));
-    EXPECT_EQ(offsetof(VstParameterProperties, maxInteger), offsetof(vst_parameter_properties, max_value_i32));
+    EXPECT_EQ(offsetof(VstParameterProperties, minInteger),
+              offsetof(vst_parameter_properties, min_value_i32));
+    EXPECT_EQ(offsetof(VstParameterProperties, maxInteger),
+              offsetof(vst_parameter_properties, max_value_i32));
     EXPECT_EQ(offsetof(VstParameterProperties, stepInteger), offsetof(vst_parameter_properties, step_i32));
     // The clean-room header has no large integer step, so every later field sits 4 bytes earlier there.
     // Hosts use the published record of 152 bytes, with the large step; we keep that.

@@ -61,7 +61,10 @@ std::string VstPluginHost::text(VstInt32 opcode, VstInt32 index, VstIntPtr value
     return buffer;
 }
 
-void VstPluginHost::open() { dispatch(effOpen); }
+void VstPluginHost::open()
+{
+    dispatch(effOpen);
+}
 
 void VstPluginHost::start(float sampleRate, VstInt32 blockSize)
 {

@@ -39,8 +39,7 @@ bool presetIndexOf(VstPluginHost& host, const std::string& preset, VstInt32& ind
     for (VstInt32 i = 0;; ++i)
     {
         char name[256] = {};
-        if (host.dispatch(effGetProgramNameIndexed, i, 0, name) == 0)
-            break;
+        if (host.dispatch(effGetProgramNameIndexed, i, 0, name) == 0) break;
         if ((isNumber && number == i) || (!isNumber && preset == name))
         {
             index = i;
@@ -58,8 +57,7 @@ bool writeFileAtomically(const std::string& file, const char* data, std::size_t 
     FILE* out = std::fopen(temporary.c_str(), "wb");
     bool written = out && std::fwrite(data, 1, size, out) == size;
     written = out && std::fflush(out) == 0 && fsync(fileno(out)) == 0 && written;
-    if (out)
-        written = std::fclose(out) == 0 && written;
+    if (out) written = std::fclose(out) == 0 && written;
     if (!written || std::rename(temporary.c_str(), file.c_str()) != 0)
     {
         error = "cannot write " + file + ": " + std::strerror(errno);
@@ -72,8 +70,7 @@ bool writeFileAtomically(const std::string& file, const char* data, std::size_t 
 bool restoreChunk(VstPluginHost& host, const std::string& file, std::string& error)
 {
     std::vector<char> chunk;
-    if (!readFile(file, chunk, error))
-        return false;
+    if (!readFile(file, chunk, error)) return false;
     if (!(host.effect()->flags & effFlagsProgramChunks))
     {
         error = "the plug-in keeps no chunk, cannot restore " + file;
@@ -102,8 +99,7 @@ bool saveChunk(VstPluginHost& host, const std::string& file, std::string& error)
 bool selectPreset(VstPluginHost& host, const std::string& preset, std::string& error)
 {
     VstInt32 index = 0;
-    if (!presetIndexOf(host, preset, index, error))
-        return false;
+    if (!presetIndexOf(host, preset, index, error)) return false;
     if (host.effect()->numPrograms > 1)
     {
         host.dispatch(effSetProgram, 0, index);
@@ -137,8 +133,7 @@ bool setParameters(VstPluginHost& host, const std::vector<std::pair<std::string,
     {
         VstInt32 found = -1;
         for (VstInt32 i = 0; i < e->numParams && found < 0; ++i)
-            if (host.text(effGetParamName, i) == name)
-                found = i;
+            if (host.text(effGetParamName, i) == name) found = i;
         if (found < 0)
         {
             error = "no parameter named '" + name + "'";

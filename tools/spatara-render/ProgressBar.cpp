@@ -9,17 +9,14 @@ ProgressBar::ProgressBar(std::FILE* stream, std::int64_t total, bool enabled)
 
 ProgressBar::~ProgressBar()
 {
-    if (enabled && shownPercent >= 0)
-        std::fputs("\n", stream);
+    if (enabled && shownPercent >= 0) std::fputs("\n", stream);
 }
 
 void ProgressBar::update(std::int64_t done)
 {
-    if (!enabled)
-        return;
+    if (!enabled) return;
     const int percent = static_cast<int>(done * 100 / total);
-    if (percent == shownPercent)
-        return;
+    if (percent == shownPercent) return;
     shownPercent = percent;
     constexpr int kWidth = 40;
     const int filled = percent * kWidth / 100;

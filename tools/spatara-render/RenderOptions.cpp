@@ -11,8 +11,7 @@ bool parseInt(const std::string& text, int& value)
     char* end = nullptr;
     errno = 0;
     const long parsed = std::strtol(text.c_str(), &end, 10);
-    if (text.empty() || *end != 0 || errno != 0 || parsed < 1 || parsed > 65536)
-        return false;
+    if (text.empty() || *end != 0 || errno != 0 || parsed < 1 || parsed > 65536) return false;
     value = static_cast<int>(parsed);
     return true;
 }
@@ -21,8 +20,7 @@ bool parseUnit(const std::string& text, float& value)
 {
     char* end = nullptr;
     const float parsed = std::strtof(text.c_str(), &end);
-    if (text.empty() || *end != 0 || !(parsed >= 0.0f && parsed <= 1.0f))
-        return false;
+    if (text.empty() || *end != 0 || !(parsed >= 0.0f && parsed <= 1.0f)) return false;
     value = parsed;
     return true;
 }
@@ -49,7 +47,8 @@ std::optional<RenderOptions> parseRenderOptions(int argc, char** argv, std::stri
     for (int i = 1; i < argc; ++i)
     {
         const std::string arg = argv[i];
-        auto value = [&](std::string& out) {
+        auto value = [&](std::string& out)
+        {
             if (i + 1 >= argc)
             {
                 error = arg + " needs a value";
@@ -67,14 +66,12 @@ std::optional<RenderOptions> parseRenderOptions(int argc, char** argv, std::stri
             options.doublePrecision = true;
         else if (arg == "--preset")
         {
-            if (!value(text))
-                return std::nullopt;
+            if (!value(text)) return std::nullopt;
             options.preset = text;
         }
         else if (arg == "--param")
         {
-            if (!value(text))
-                return std::nullopt;
+            if (!value(text)) return std::nullopt;
             const auto equals = text.find('=');
             float v = 0.0f;
             if (equals == std::string::npos || equals == 0)
@@ -92,8 +89,7 @@ std::optional<RenderOptions> parseRenderOptions(int argc, char** argv, std::stri
         }
         else if (arg == "--block")
         {
-            if (!value(text))
-                return std::nullopt;
+            if (!value(text)) return std::nullopt;
             if (!parseInt(text, options.blockSize))
             {
                 error = "--block wants a whole number from 1 to 65536, got '" + text + "'";
@@ -102,8 +98,7 @@ std::optional<RenderOptions> parseRenderOptions(int argc, char** argv, std::stri
         }
         else if (arg == "--chunk-in" || arg == "--chunk-out")
         {
-            if (!value(text))
-                return std::nullopt;
+            if (!value(text)) return std::nullopt;
             (arg == "--chunk-in" ? options.chunkIn : options.chunkOut) = text;
         }
         else if (arg.size() > 1 && arg[0] == '-')
@@ -114,8 +109,7 @@ std::optional<RenderOptions> parseRenderOptions(int argc, char** argv, std::stri
         else
             positional.push_back(arg);
     }
-    if (options.help)
-        return options;
+    if (options.help) return options;
     if (options.info)
     {
         if (positional.size() != 1)

@@ -13,7 +13,7 @@ struct RenderOptions
     std::string plugin;
     std::string input;
     std::string output;
-    std::optional<std::string> preset; // a number 0..37 or a preset name
+    std::optional<std::string> preset;                 // a number 0..37 or a preset name
     std::vector<std::pair<std::string, float>> params; // parameter name, normalised value
     int blockSize = 512;
     bool doublePrecision = false;

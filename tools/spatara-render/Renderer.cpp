@@ -40,8 +40,7 @@ template <typename Sample> class BlockLoop
     sf_count_t step(SNDFILE* in, SNDFILE* out, double& processing)
     {
         const sf_count_t frames = read(in, interleavedIn.data(), blockSize);
-        if (frames <= 0)
-            return frames;
+        if (frames <= 0) return frames;
         for (sf_count_t i = 0; i < frames; ++i)
         {
             left[static_cast<std::size_t>(i)] = interleavedIn[static_cast<std::size_t>(i * inChannels)];
@@ -63,7 +62,10 @@ template <typename Sample> class BlockLoop
     }
 
   private:
-    static sf_count_t read(SNDFILE* in, float* buffer, sf_count_t frames) { return sf_readf_float(in, buffer, frames); }
+    static sf_count_t read(SNDFILE* in, float* buffer, sf_count_t frames)
+    {
+        return sf_readf_float(in, buffer, frames);
+    }
     static sf_count_t read(SNDFILE* in, double* buffer, sf_count_t frames)
     {
         return sf_readf_double(in, buffer, frames);
@@ -100,10 +102,8 @@ bool renderAll(AEffect* effect, SNDFILE* in, SNDFILE* out, int channels, int blo
     for (;;)
     {
         const sf_count_t frames = loop.step(in, out, processing);
-        if (frames < 0)
-            return false;
-        if (frames == 0)
-            return true;
+        if (frames < 0) return false;
+        if (frames == 0) return true;
         done += frames;
         progress.update(done);
     }
@@ -165,16 +165,15 @@ bool Renderer::run(std::string& error)
     }
     host.start(static_cast<float>(inInfo.samplerate), options.blockSize);
 
-    const bool showProgress =
-        isatty(fileno(stderr)) && static_cast<double>(inInfo.frames) > kProgressAfterSeconds * inInfo.samplerate;
+    const bool showProgress = isatty(fileno(stderr)) &&
+                              static_cast<double>(inInfo.frames) > kProgressAfterSeconds * inInfo.samplerate;
     bool rendered;
     {
         ProgressBar progress(stderr, inInfo.frames, showProgress);
-        rendered = options.doublePrecision
-                       ? renderAll<double>(effect, in.get(), out.get(), inInfo.channels, options.blockSize, progress,
-                                           processingSeconds)
-                       : renderAll<float>(effect, in.get(), out.get(), inInfo.channels, options.blockSize, progress,
-                                          processingSeconds);
+        rendered = options.doublePrecision ? renderAll<double>(effect, in.get(), out.get(), inInfo.channels,
+                                                               options.blockSize, progress, processingSeconds)
+                                           : renderAll<float>(effect, in.get(), out.get(), inInfo.channels,
+                                                              options.blockSize, progress, processingSeconds);
     }
     meterAvailable = readBalanceMeter(host, meterReading); // before switching off, which clears it
     host.stop();

@@ -24,10 +24,8 @@ int fail(const std::string& message)
 bool prepare(VstPluginHost& host, const RenderOptions& options, std::string& error)
 {
     host.open();
-    if (options.chunkIn && !restoreChunk(host, *options.chunkIn, error))
-        return false;
-    if (options.preset && !selectPreset(host, *options.preset, error))
-        return false;
+    if (options.chunkIn && !restoreChunk(host, *options.chunkIn, error)) return false;
+    if (options.preset && !selectPreset(host, *options.preset, error)) return false;
     return setParameters(host, options.params, error);
 }
 } // namespace
@@ -48,10 +46,8 @@ int main(int argc, char** argv)
     }
 
     auto host = VstPluginHost::load(options->plugin, error);
-    if (!host)
-        return fail(error);
-    if (!prepare(*host, *options, error))
-        return fail(error);
+    if (!host) return fail(error);
+    if (!prepare(*host, *options, error)) return fail(error);
 
     if (options->info)
     {
@@ -60,18 +56,19 @@ int main(int argc, char** argv)
     else
     {
         Renderer renderer(*host, *options);
-        if (!renderer.run(error))
-            return fail(error);
-        std::cout << "wrote " << options->output << "\n";
+        if (!renderer.run(error)) return fail(error);
+        char line[160];
+        std::snprintf(line, sizeof(line), "wrote %s (%.3f s spent in the plug-in)\n", options->output.c_str(),
+                      renderer.seconds());
+        std::cout << line;
         if (renderer.hasMeter())
         {
-            char line[128];
-            std::snprintf(line, sizeof(line), "balance meter: %+.3f (shown %.3f; +0.5 mono, -0.5 anti-phase)\n",
+            std::snprintf(line, sizeof(line),
+                          "balance meter: %+.3f (shown %.3f; +0.5 mono, -0.5 anti-phase)\n",
                           static_cast<double>(renderer.meter()), 0.5 + static_cast<double>(renderer.meter()));
             std::cout << line;
         }
     }
-    if (options->chunkOut && !saveChunk(*host, *options->chunkOut, error))
-        return fail(error);
+    if (options->chunkOut && !saveChunk(*host, *options->chunkOut, error)) return fail(error);
     return 0;
 }
