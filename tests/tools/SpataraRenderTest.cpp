@@ -1,0 +1,214 @@
+// spatara-render driven as a user drives it, against the built plug-in.
+#include "RunCommand.h"
+#include "TempDir.h"
+#include "WavFile.h"
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <sndfile.h>
+#include <string>
+
+namespace
+{
+const std::string kRender = SPATARA_RENDER_PATH;
+const std::string kPlugin = SPATARA_PLUGIN_PATH;
+
+Audio tone(int channels, int sampleRate, int format, double seconds)
+{
+    Audio audio;
+    audio.channels = channels;
+    audio.sampleRate = sampleRate;
+    audio.format = format;
+    const auto frames = static_cast<std::size_t>(seconds * sampleRate);
+    for (std::size_t i = 0; i < frames; ++i)
+        for (int c = 0; c < channels; ++c)
+            audio.samples.push_back(0.4 * std::sin(2.0 * M_PI * (220.0 + 110.0 * c) * static_cast<double>(i) /
+                                                   sampleRate));
+    return audio;
+}
+
+std::string slurp(const std::string& file)
+{
+    std::ifstream in(file, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+int lines(const std::string& text)
+{
+    int count = 0;
+    for (char c : text)
+        count += c == '\n';
+    return count;
+}
+
+class SpataraRender : public ::testing::Test
+{
+  protected:
+    CommandResult render(const std::string& in, const std::string& out, const std::string& extra = "")
+    {
+        return runCommand(shellQuote(kRender) + " " + shellQuote(kPlugin) + " " + shellQuote(in) + " " +
+                          shellQuote(out) + " " + extra);
+    }
+    CommandResult info(const std::string& extra = "")
+    {
+        return runCommand(shellQuote(kRender) + " --info " + shellQuote(kPlugin) + " " + extra);
+    }
+
+    // A refusal: exit code 2, one line on standard error naming the problem, no output file.
+    void expectRefusal(const CommandResult& result, const std::string& words)
+    {
+        EXPECT_EQ(result.exitCode, 2);
+        EXPECT_EQ(lines(result.err), 1) << result.err;
+        EXPECT_NE(result.err.find(words), std::string::npos) << result.err;
+        EXPECT_FALSE(std::filesystem::exists(dir.file("out.wav")));
+        for (const auto& entry : std::filesystem::directory_iterator(dir.path()))
+            EXPECT_EQ(entry.path().filename().string().find("out.wav"), std::string::npos) << entry.path();
+    }
+
+    TempDir dir;
+};
+} // namespace
+
+TEST_F(SpataraRender, KeepsSampleRateAndBitDepthOfAStereoFile)
+{
+    ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(2, 48000, SF_FORMAT_WAV | SF_FORMAT_PCM_24, 1.0)));
+    const auto result = render(dir.file("in.wav"), dir.file("out.wav"), "--preset 'enhanced mix 1'");
+    ASSERT_EQ(result.exitCode, 0) << result.err;
+    Audio out;
+    ASSERT_TRUE(readAudio(dir.file("out.wav"), out));
+    EXPECT_EQ(out.sampleRate, 48000);
+    EXPECT_EQ(out.channels, 2);
+    EXPECT_EQ(out.format, SF_FORMAT_WAV | SF_FORMAT_PCM_24);
+    EXPECT_EQ(out.frames(), 48000u);
+    EXPECT_NE(result.out.find("balance meter:"), std::string::npos);
+}
+
+TEST_F(SpataraRender, BypassGivesBackTheInputSampleForSample)
+{
+    const Audio in = tone(2, 44100, SF_FORMAT_WAV | SF_FORMAT_FLOAT, 0.5);
+    ASSERT_TRUE(writeAudio(dir.file("in.wav"), in));
+    ASSERT_EQ(render(dir.file("in.wav"), dir.file("out.wav"), "--preset 9 --param process=0").exitCode, 0);
+    Audio out;
+    ASSERT_TRUE(readAudio(dir.file("out.wav"), out));
+    ASSERT_EQ(out.samples.size(), in.samples.size());
+    for (std::size_t i = 0; i < in.samples.size(); ++i)
+        ASSERT_EQ(static_cast<float>(out.samples[i]), static_cast<float>(in.samples[i])) << i;
+}
+
+TEST_F(SpataraRender, MonoFileBecomesStereoAndReadsAsMonoOnTheMeter)
+{
+    ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(1, 44100, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 2.0)));
+    Audio in; // as stored, 16 bits
+    ASSERT_TRUE(readAudio(dir.file("in.wav"), in));
+    const auto result = render(dir.file("in.wav"), dir.file("out.wav"), "--param process=0");
+    ASSERT_EQ(result.exitCode, 0) << result.err;
+    Audio out;
+    ASSERT_TRUE(readAudio(dir.file("out.wav"), out));
+    EXPECT_EQ(out.channels, 2);
+    EXPECT_EQ(out.format, SF_FORMAT_WAV | SF_FORMAT_PCM_16);
+    ASSERT_EQ(out.frames(), in.frames());
+    for (std::size_t i = 0; i < in.frames(); ++i)
+    {
+        ASSERT_EQ(out.samples[2 * i], in.samples[i]) << i;
+        ASSERT_EQ(out.samples[2 * i + 1], in.samples[i]) << i;
+    }
+    EXPECT_NE(result.out.find("balance meter: +0.500"), std::string::npos) << result.out;
+}
+
+TEST_F(SpataraRender, DoublePrecisionRendersToo)
+{
+    ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(2, 44100, SF_FORMAT_WAV | SF_FORMAT_FLOAT, 0.5)));
+    ASSERT_EQ(render(dir.file("in.wav"), dir.file("float.wav"), "--preset 13").exitCode, 0);
+    ASSERT_EQ(render(dir.file("in.wav"), dir.file("double.wav"), "--preset 13 --double --block 64").exitCode, 0);
+    Audio single, twice;
+    ASSERT_TRUE(readAudio(dir.file("float.wav"), single));
+    ASSERT_TRUE(readAudio(dir.file("double.wav"), twice));
+    ASSERT_EQ(single.samples.size(), twice.samples.size());
+    for (std::size_t i = 0; i < single.samples.size(); ++i)
+        ASSERT_NEAR(single.samples[i], twice.samples[i], 1e-5) << i;
+}
+
+TEST_F(SpataraRender, MissingPluginIsRefused)
+{
+    ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(2, 44100, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 0.1)));
+    const auto result = runCommand(shellQuote(kRender) + " " + shellQuote(dir.file("none.so")) + " " +
+                                   shellQuote(dir.file("in.wav")) + " " + shellQuote(dir.file("out.wav")));
+    expectRefusal(result, "cannot load");
+}
+
+TEST_F(SpataraRender, AFileThatIsNoPluginIsRefused)
+{
+    const auto result = runCommand(shellQuote(kRender) + " --info /bin/true");
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(lines(result.err), 1) << result.err;
+}
+
+TEST_F(SpataraRender, UnreadableInputIsRefused)
+{
+    std::ofstream(dir.file("in.wav")) << "this is not audio";
+    expectRefusal(render(dir.file("in.wav"), dir.file("out.wav")), "cannot read");
+}
+
+TEST_F(SpataraRender, UnknownPresetIsRefused)
+{
+    ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(2, 44100, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 0.1)));
+    expectRefusal(render(dir.file("in.wav"), dir.file("out.wav"), "--preset 'no such preset'"), "no preset");
+    expectRefusal(render(dir.file("in.wav"), dir.file("out.wav"), "--preset 38"), "no preset");
+}
+
+TEST_F(SpataraRender, UnknownParameterIsRefused)
+{
+    ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(2, 44100, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 0.1)));
+    expectRefusal(render(dir.file("in.wav"), dir.file("out.wav"), "--param loudness=0.5"), "no parameter");
+}
+
+TEST_F(SpataraRender, OutOfRangeValueIsRefused)
+{
+    ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(2, 44100, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 0.1)));
+    const auto result = render(dir.file("in.wav"), dir.file("out.wav"), "--param depth=1.5");
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_NE(result.err.find("from 0 to 1"), std::string::npos) << result.err;
+    EXPECT_FALSE(std::filesystem::exists(dir.file("out.wav")));
+}
+
+TEST_F(SpataraRender, ChunkSavedChangedAndRestoredComesBackByteForByte)
+{
+    ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(2, 44100, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 0.2)));
+    const auto first = render(dir.file("in.wav"), dir.file("out.wav"),
+                              "--preset 12 --param depth=0.3 --chunk-out " + shellQuote(dir.file("saved.chunk")));
+    ASSERT_EQ(first.exitCode, 0) << first.err;
+    const std::string saved = slurp(dir.file("saved.chunk"));
+    ASSERT_EQ(saved.size(), 13729u);
+
+    ASSERT_EQ(info("--preset 3 --chunk-out " + shellQuote(dir.file("other.chunk"))).exitCode, 0);
+    EXPECT_NE(slurp(dir.file("other.chunk")), saved);
+
+    const auto restored =
+        info("--chunk-in " + shellQuote(dir.file("saved.chunk")) + " --chunk-out " + shellQuote(dir.file("back.chunk")));
+    ASSERT_EQ(restored.exitCode, 0) << restored.err;
+    EXPECT_EQ(slurp(dir.file("back.chunk")), saved);
+    EXPECT_NE(restored.out.find("depth = 30.0"), std::string::npos) << restored.out;
+}
+
+TEST_F(SpataraRender, RefusedChunkIsReportedInOneLine)
+{
+    std::ofstream(dir.file("bad.chunk"), std::ios::binary) << std::string(64, '\x42');
+    const auto result = info("--chunk-in " + shellQuote(dir.file("bad.chunk")));
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(lines(result.err), 1) << result.err;
+    EXPECT_NE(result.err.find("refused"), std::string::npos) << result.err;
+}
+
+TEST_F(SpataraRender, InfoShowsEverythingThePluginReports)
+{
+    const auto result = info();
+    ASSERT_EQ(result.exitCode, 0);
+    for (const char* expected : {"name:       ZEV Spatara", "product:    Simple Spatara", "unique id:  Qwsn",
+                                 "category:   mastering", "inputs:     2", "outputs:    2", "parameters: 6",
+                                 "  1 baseFreq = 265.00 [    Hz   ]", "  5 mode = Mode1", "  29 over heads",
+                                 "  37 init"})
+        EXPECT_NE(result.out.find(expected), std::string::npos) << expected;
+}
