@@ -17,20 +17,17 @@ std::atomic<long> frees{0};
 void* operator new(std::size_t size)
 {
     ++allocations;
-    if (void* p = std::malloc(size ? size : 1))
-        return p;
+    if (void* p = std::malloc(size ? size : 1)) return p;
     throw std::bad_alloc();
 }
 void operator delete(void* p) noexcept
 {
-    if (p)
-        ++frees;
+    if (p) ++frees;
     std::free(p);
 }
 void operator delete(void* p, std::size_t) noexcept
 {
-    if (p)
-        ++frees;
+    if (p) ++frees;
     std::free(p);
 }
 

@@ -7,8 +7,7 @@
 TempDir::TempDir()
 {
     std::string pattern = (std::filesystem::temp_directory_path() / "spatara-test-XXXXXX").string();
-    if (!mkdtemp(pattern.data()))
-        throw std::runtime_error("cannot create a temporary directory");
+    if (!mkdtemp(pattern.data())) throw std::runtime_error("cannot create a temporary directory");
     dir = pattern;
 }
 

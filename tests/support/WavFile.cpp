@@ -9,8 +9,7 @@ bool writeAudio(const std::string& file, const Audio& audio)
     info.channels = audio.channels;
     info.format = audio.format;
     SNDFILE* out = sf_open(file.c_str(), SFM_WRITE, &info);
-    if (!out)
-        return false;
+    if (!out) return false;
     const auto frames = static_cast<sf_count_t>(audio.frames());
     const bool written = sf_writef_double(out, audio.samples.data(), frames) == frames;
     return sf_close(out) == 0 && written;
@@ -20,8 +19,7 @@ bool readAudio(const std::string& file, Audio& audio)
 {
     SF_INFO info{};
     SNDFILE* in = sf_open(file.c_str(), SFM_READ, &info);
-    if (!in)
-        return false;
+    if (!in) return false;
     audio.sampleRate = info.samplerate;
     audio.channels = info.channels;
     audio.format = info.format;

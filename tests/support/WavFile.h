@@ -8,7 +8,7 @@ struct Audio
 {
     int sampleRate = 44100;
     int channels = 2;
-    int format = 0; // libsndfile format (major type | subtype)
+    int format = 0;              // libsndfile format (major type | subtype)
     std::vector<double> samples; // interleaved
     std::size_t frames() const { return channels ? samples.size() / static_cast<std::size_t>(channels) : 0; }
 };

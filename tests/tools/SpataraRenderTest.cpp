@@ -25,8 +25,8 @@ Audio tone(int channels, int sampleRate, int format, double seconds)
     const auto frames = static_cast<std::size_t>(seconds * sampleRate);
     for (std::size_t i = 0; i < frames; ++i)
         for (int c = 0; c < channels; ++c)
-            audio.samples.push_back(0.4 * std::sin(2.0 * M_PI * (220.0 + 110.0 * c) * static_cast<double>(i) /
-                                                   sampleRate));
+            audio.samples.push_back(
+                0.4 * std::sin(2.0 * M_PI * (220.0 + 110.0 * c) * static_cast<double>(i) / sampleRate));
     return audio;
 }
 
@@ -122,7 +122,8 @@ TEST_F(SpataraRender, DoublePrecisionRendersToo)
 {
     ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(2, 44100, SF_FORMAT_WAV | SF_FORMAT_FLOAT, 0.5)));
     ASSERT_EQ(render(dir.file("in.wav"), dir.file("float.wav"), "--preset 13").exitCode, 0);
-    ASSERT_EQ(render(dir.file("in.wav"), dir.file("double.wav"), "--preset 13 --double --block 64").exitCode, 0);
+    ASSERT_EQ(render(dir.file("in.wav"), dir.file("double.wav"), "--preset 13 --double --block 64").exitCode,
+              0);
     Audio single, twice;
     ASSERT_TRUE(readAudio(dir.file("float.wav"), single));
     ASSERT_TRUE(readAudio(dir.file("double.wav"), twice));
@@ -177,8 +178,9 @@ TEST_F(SpataraRender, OutOfRangeValueIsRefused)
 TEST_F(SpataraRender, ChunkSavedChangedAndRestoredComesBackByteForByte)
 {
     ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(2, 44100, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 0.2)));
-    const auto first = render(dir.file("in.wav"), dir.file("out.wav"),
-                              "--preset 12 --param depth=0.3 --chunk-out " + shellQuote(dir.file("saved.chunk")));
+    const auto first =
+        render(dir.file("in.wav"), dir.file("out.wav"),
+               "--preset 12 --param depth=0.3 --chunk-out " + shellQuote(dir.file("saved.chunk")));
     ASSERT_EQ(first.exitCode, 0) << first.err;
     const std::string saved = slurp(dir.file("saved.chunk"));
     ASSERT_EQ(saved.size(), 13729u);
@@ -186,8 +188,8 @@ TEST_F(SpataraRender, ChunkSavedChangedAndRestoredComesBackByteForByte)
     ASSERT_EQ(info("--preset 3 --chunk-out " + shellQuote(dir.file("other.chunk"))).exitCode, 0);
     EXPECT_NE(slurp(dir.file("other.chunk")), saved);
 
-    const auto restored =
-        info("--chunk-in " + shellQuote(dir.file("saved.chunk")) + " --chunk-out " + shellQuote(dir.file("back.chunk")));
+    const auto restored = info("--chunk-in " + shellQuote(dir.file("saved.chunk")) + " --chunk-out " +
+                               shellQuote(dir.file("back.chunk")));
     ASSERT_EQ(restored.exitCode, 0) << restored.err;
     EXPECT_EQ(slurp(dir.file("back.chunk")), saved);
     EXPECT_NE(restored.out.find("depth = 30.0"), std::string::npos) << restored.out;
@@ -206,9 +208,9 @@ TEST_F(SpataraRender, InfoShowsEverythingThePluginReports)
 {
     const auto result = info();
     ASSERT_EQ(result.exitCode, 0);
-    for (const char* expected : {"name:       ZEV Spatara", "product:    Simple Spatara", "unique id:  Qwsn",
-                                 "category:   mastering", "inputs:     2", "outputs:    2", "parameters: 6",
-                                 "  1 baseFreq = 265.00 [    Hz   ]", "  5 mode = Mode1", "  29 over heads",
-                                 "  37 init"})
+    for (const char* expected :
+         {"name:       ZEV Spatara", "product:    Simple Spatara", "unique id:  Qwsn",
+          "category:   mastering", "inputs:     2", "outputs:    2", "parameters: 6",
+          "  1 baseFreq = 265.00 [    Hz   ]", "  5 mode = Mode1", "  29 over heads", "  37 init"})
         EXPECT_NE(result.out.find(expected), std::string::npos) << expected;
 }
