@@ -43,7 +43,7 @@ TEST(StereoEngineAudioThread, ProcessNeverAllocates)
     engine.setWidth(0.5f);
     engine.resume(44100.0f);
     const Stereo<float> input = correlatedNoise(2048, 20);
-    const Stereo<double> inputD = toDouble(input);
+    const Stereo<double> inputD = converted<double>(input);
     Stereo<float> output{std::vector<float>(2048), std::vector<float>(2048)};
     Stereo<double> outputD{std::vector<double>(2048), std::vector<double>(2048)};
 
