@@ -461,12 +461,13 @@ TEST_P(StereoEngineModes, MatchesTheReferenceModelBitForBit)
             {.depth = 0.8f, .width = 0.3f, .baseFrequency = 120.0f, .phase = 1.0f, .mode = float(mode)});
     ReferenceEngine reference(kRate, 0.8f, 0.3f, 120.0f, 1.0f, mode);
 
-    const Stereo<float> input = correlatedNoise(8 * 44100, 15);
+    constexpr size_t kBlock = 256;
+    const Stereo<float> input = correlatedNoise(1400 * kBlock, 15); // about 8 s, whole blocks
     Stereo<float> output = silence(input.left.size());
-    for (size_t start = 0; start < input.left.size(); start += 256)
+    for (size_t start = 0; start < input.left.size(); start += kBlock)
     {
         // A change now and then: the engine glides for a while, then rests again.
-        if (start % (2 * 44100) < 256 && start > 0)
+        if (start % (2 * 44100) < kBlock && start > 0)
         {
             const float step = static_cast<float>(start / (2 * 44100));
             engine.setDepth(0.5f * step);
@@ -477,8 +478,8 @@ TEST_P(StereoEngineModes, MatchesTheReferenceModelBitForBit)
             reference.setBaseFrequency(20.0f + 300.0f * step);
         }
         engine.process(&input.left[start], &input.right[start], &output.left[start], &output.right[start],
-                       256);
-        for (size_t n = start; n < start + 256; ++n)
+                       kBlock);
+        for (size_t n = start; n < start + kBlock; ++n)
         {
             float left = 0.0f, right = 0.0f;
             reference.process(input.left[n], input.right[n], left, right);
