@@ -6,9 +6,10 @@
 namespace
 {
 
-const char* const kVariants[] = {"mode0", "mode1", "mode2", "bypass"};
-const char* const kPrecisions[] = {"float", "double"};
-const int kBlocks[] = {64, 512, 4096};
+void addOnce(std::vector<std::string>& list, const std::string& item)
+{
+    if (std::find(list.begin(), list.end(), item) == list.end()) list.push_back(item);
+}
 
 } // namespace
 
@@ -21,6 +22,10 @@ void RatioReporter::ReportRuns(const std::vector<Run>& runs)
         const auto counter = run.counters.find("ns_per_frame");
         if (counter == run.counters.end()) continue;
         const std::string name = run.benchmark_name();
+        const size_t slash = name.rfind('/');
+        if (slash == std::string::npos) continue;
+        addOnce(rows_, name.substr(0, slash));
+        addOnce(blocks_, name.substr(slash + 1));
         const auto known = nsPerFrame_.find(name);
         const double value = counter->second.value;
         nsPerFrame_[name] = known == nsPerFrame_.end() ? value : std::min(known->second, value);
@@ -29,39 +34,34 @@ void RatioReporter::ReportRuns(const std::vector<Run>& runs)
 
 void RatioReporter::printTable(std::ostream& out) const
 {
-    char line[160];
-    out << "\nns per frame, and ratio to the envelope floor of the same block size\n";
-    std::snprintf(line, sizeof line, "%-16s", "");
-    out << line;
-    for (int block : kBlocks)
+    char cell[64];
+    out << "\nns per frame (ratio to the floor of the same block size)\n";
+    std::snprintf(cell, sizeof cell, "%-22s", "block");
+    out << cell;
+    for (const std::string& block : blocks_)
     {
-        std::snprintf(line, sizeof line, "%16d", block);
-        out << line;
+        std::snprintf(cell, sizeof cell, "%17s", block.c_str());
+        out << cell;
     }
     out << '\n';
 
-    const auto row = [&](const std::string& label, const std::string& prefix)
+    for (const std::string& row : rows_)
     {
-        std::snprintf(line, sizeof line, "%-16s", label.c_str());
-        out << line;
-        for (int block : kBlocks)
+        std::snprintf(cell, sizeof cell, "%-22s", row.c_str());
+        out << cell;
+        for (const std::string& block : blocks_)
         {
-            const auto value = nsPerFrame_.find(prefix + std::to_string(block));
-            const auto floor = nsPerFrame_.find("floor/" + std::to_string(block));
+            const auto value = nsPerFrame_.find(row + '/' + block);
+            const auto floor = nsPerFrame_.find("floor/" + block);
             if (value == nsPerFrame_.end())
-                std::snprintf(line, sizeof line, "%16s", "-");
-            else if (floor == nsPerFrame_.end() || prefix == "floor/")
-                std::snprintf(line, sizeof line, "%9.2f      ", value->second);
+                std::snprintf(cell, sizeof cell, "%17s", "-");
+            else if (floor == nsPerFrame_.end())
+                std::snprintf(cell, sizeof cell, "%9.2f        ", value->second);
             else
-                std::snprintf(line, sizeof line, "%9.2f (%.2fx)", value->second,
+                std::snprintf(cell, sizeof cell, "%9.2f (%.2fx)", value->second,
                               value->second / floor->second);
-            out << line;
+            out << cell;
         }
         out << '\n';
-    };
-
-    row("floor", "floor/");
-    for (const char* variant : kVariants)
-        for (const char* precision : kPrecisions)
-            row(std::string(variant) + ' ' + precision, std::string(variant) + '/' + precision + '/');
+    }
 }

@@ -5,10 +5,12 @@
 #include <map>
 #include <ostream>
 #include <string>
+#include <vector>
 
 // Console reporter that also keeps each benchmark's ns_per_frame (the best over repetitions) and
-// prints, at the end, every engine figure beside its ratio to the envelope floor of the same block.
-// Engine benchmarks are named "<variant>/<precision>/<block>", the floor "floor/<block>".
+// prints, at the end, every figure beside its ratio to the floor kernel of the same block size.
+// Benchmarks are named "<row>/<block>"; the floor's row is "floor". Rows and columns keep the order
+// in which the benchmarks ran.
 class RatioReporter : public benchmark::ConsoleReporter
 {
   public:
@@ -17,4 +19,6 @@ class RatioReporter : public benchmark::ConsoleReporter
 
   private:
     std::map<std::string, double> nsPerFrame_;
+    std::vector<std::string> rows_;
+    std::vector<std::string> blocks_;
 };

@@ -42,8 +42,15 @@ void setFramesCounter(benchmark::State& state, int block)
         block * 1e-9, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
-// variant: 0, 1, 2 for the modes, -1 for bypass.
-template <typename Sample> void engineBlock(benchmark::State& state, int variant, int block)
+struct Variant
+{
+    const char* name;
+    float mode;
+    bool bypass;
+    bool gliding; // targets moved every block, so the smoothing never rests
+};
+
+template <typename Sample> void engineBlock(benchmark::State& state, Variant variant, int block)
 {
     std::vector<Sample> inL(block), inR(block), outL(block), outR(block);
     fillStereoNoise(inL, inR);
@@ -53,12 +60,20 @@ template <typename Sample> void engineBlock(benchmark::State& state, int variant
     engine.setBaseFrequency(265.0f);
     engine.setWidth(0.5f);
     engine.setPhase(0.0f);
-    engine.setProcess(variant < 0 ? 0.0f : 1.0f);
-    engine.setMode(variant < 0 ? 0.0f : float(variant));
+    engine.setProcess(variant.bypass ? 0.0f : 1.0f);
+    engine.setMode(variant.mode);
     engine.resume(kSampleRate);
 
+    bool flip = false;
     for (auto _ : state)
     {
+        if (variant.gliding)
+        {
+            flip = !flip;
+            engine.setDepth(flip ? 0.5f : 1.5f);
+            engine.setWidth(flip ? 0.2f : 0.8f);
+            engine.setBaseFrequency(flip ? 200.0f : 300.0f);
+        }
         engine.process(inL.data(), inR.data(), outL.data(), outR.data(), block);
         benchmark::DoNotOptimize(outL.data());
         benchmark::DoNotOptimize(outR.data());
@@ -94,16 +109,21 @@ void registerBenchmarks()
     for (int block : kBlocks)
         benchmark::RegisterBenchmark(("floor/" + std::to_string(block)).c_str(), envelopeFloor, block);
 
-    const std::pair<int, const char*> variants[] = {{0, "mode0"}, {1, "mode1"}, {2, "mode2"}, {-1, "bypass"}};
-    for (const auto& [variant, name] : variants)
+    const Variant variants[] = {{"mode0", 0.0f, false, false},        {"mode1", 1.0f, false, false},
+                                {"mode2", 2.0f, false, false},        {"bypass", 0.0f, true, false},
+                                {"mode0-gliding", 0.0f, false, true}, {"mode1-gliding", 1.0f, false, true},
+                                {"mode2-gliding", 2.0f, false, true}};
+    const auto name = [](const Variant& variant, const char* precision, int block)
+    { return std::string(variant.name) + '-' + precision + '/' + std::to_string(block); };
+    for (const Variant& variant : variants)
+    {
         for (int block : kBlocks)
-        {
-            const std::string suffix = "/" + std::to_string(block);
-            benchmark::RegisterBenchmark((std::string(name) + "/float" + suffix).c_str(), engineBlock<float>,
-                                         variant, block);
-            benchmark::RegisterBenchmark((std::string(name) + "/double" + suffix).c_str(),
-                                         engineBlock<double>, variant, block);
-        }
+            benchmark::RegisterBenchmark(name(variant, "float", block).c_str(), engineBlock<float>, variant,
+                                         block);
+        for (int block : kBlocks)
+            benchmark::RegisterBenchmark(name(variant, "double", block).c_str(), engineBlock<double>, variant,
+                                         block);
+    }
 }
 
 } // namespace

@@ -21,8 +21,8 @@ class DelayGlide
         const double diff = target - position_;
         if (std::abs(diff) > 0.01)
         {
-            // The delay may shorten by a whole sample per sample but lengthen by only half of one,
-            // on purpose: lengthening stretches the delayed signal and is the more audible glide.
+            // The delay may shorten by up to a whole sample per sample but lengthen by only half of
+            // one. The asymmetry is deliberate; keep it.
             position_ += std::clamp(static_cast<double>(coefficient) * diff, -0.5, 1.0);
         }
         else

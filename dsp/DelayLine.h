@@ -21,12 +21,19 @@ class DelayLine
     void clear();
 
     void write(int32_t index, float sample) { samples_[index] = sample; }
-    float at(int32_t index) const { return samples_[index]; }
-
-    // Linear interpolation between index and the sample after it, in double precision.
     double read(int32_t index, double frac) const
     {
-        return (1.0 - frac) * samples_[index] + frac * samples_[(index + 1) & kMask];
+        return interpolate(samples_[index], samples_[(index + 1) & kMask], frac);
+    }
+
+    // For passes over many samples at once.
+    float* data() { return samples_.get(); }
+    const float* data() const { return samples_.get(); }
+
+    // Linear interpolation between a sample and the one after it, in double precision.
+    static double interpolate(float sample, float next, double frac)
+    {
+        return (1.0 - frac) * sample + frac * next;
     }
 
   private:

@@ -4,6 +4,7 @@
 #include "Flush.h"
 #include "StereoMeter.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace spatara
@@ -14,10 +15,46 @@ namespace
 
 constexpr auto kRelaxed = std::memory_order_relaxed;
 
+// Frames per chunk of the passes taken by blocks at rest.
+constexpr int32_t kChunk = 64;
+
 // The whole part of a mode value; anything from 2 up (and NaN) is mode 2.
 int wholeMode(float mode)
 {
     return mode < 1.0f ? 0 : (mode < 2.0f ? 1 : 2);
+}
+
+// Both balance envelopes follow every output frame.
+template <typename Sample>
+void followBalance(EnvelopeFollower& sum, EnvelopeFollower& difference, Sample left, Sample right,
+                   double coefficient)
+{
+    sum.follow(static_cast<double>(std::abs(left + right)), coefficient);
+    difference.follow(static_cast<double>(std::abs(left - right)), coefficient);
+}
+
+// A chunk's frames into the delay lines (b only in mode 0). The lines are reached through their own
+// pointers, which the caller keeps clear of the inputs, so the pass can run several frames at once.
+template <int Mode, typename Sample>
+void writeChunk(ModeKernel<Mode, Sample> kernel, const Sample* inL, const Sample* inR, float* __restrict a,
+                float* __restrict b)
+{
+    for (int32_t n = 0; n < kChunk; ++n)
+    {
+        float toA = 0.0f;
+        float toB = 0.0f;
+        kernel.lineInputs(inL[n], inR[n], toA, toB);
+        a[n] = toA;
+        if constexpr (Mode == 0) b[n] = toB;
+    }
+}
+
+// A chunk's reads of one delay line, starting at line[0], interpolated as frame by frame.
+template <typename Sample>
+void readChunk(const float* __restrict line, double frac, Sample* __restrict delayed)
+{
+    for (int32_t n = 0; n < kChunk; ++n)
+        delayed[n] = static_cast<Sample>(DelayLine::interpolate(line[n], line[n + 1], frac));
 }
 
 } // namespace
@@ -173,8 +210,7 @@ void StereoEngine::bypass(const Sample* inL, const Sample* inR, Sample* outL, Sa
         outL[n] = left;
         outR[n] = right;
         // The meter keeps moving in bypass so the user can compare the untouched image.
-        sumEnvelope.follow(static_cast<double>(std::abs(left + right)), envelopeCoefficient);
-        differenceEnvelope.follow(static_cast<double>(std::abs(left - right)), envelopeCoefficient);
+        followBalance(sumEnvelope, differenceEnvelope, left, right, envelopeCoefficient);
     }
     sumEnvelope_ = sumEnvelope;
     differenceEnvelope_ = differenceEnvelope;
@@ -184,20 +220,39 @@ template <int Mode, typename Sample>
 void StereoEngine::enhance(const Sample* inL, const Sample* inR, Sample* outL, Sample* outR, int32_t frames,
                            BlockTargets targets)
 {
-    // Most blocks run with depth, width and delay at rest on their targets. The smoothing steps would
-    // then change nothing, bit for bit, so such a block takes a loop without them.
     const bool gliding = !depth_.isSettled(targets.depth, smoothingCoefficient_) ||
                          !width_.isSettled(targets.width, smoothingCoefficient_) ||
                          !glide_.isSettled(targets.delayPosition);
     if (gliding)
-        enhanceBlock<Mode, true>(inL, inR, outL, outR, frames, targets);
-    else
-        enhanceBlock<Mode, false>(inL, inR, outL, outR, frames, targets);
+    {
+        enhanceFrames<Mode, true>(inL, inR, outL, outR, frames, targets);
+        return;
+    }
+
+    // Most blocks run with depth, width and delay at rest on their targets, where a smoothing step
+    // changes nothing, bit for bit. Such a block goes in chunks of separate passes, each free of the
+    // others' latency; frames where a chunk would straddle the end of the lines, or would read what
+    // it writes itself (delays near the full line), go frame by frame.
+    const ModeKernel<Mode, Sample> kernel(depth_.value(), width_.value(), targets.sign);
+    const int32_t whole = static_cast<int32_t>(glide_.position());
+    const double frac = glide_.position() - whole;
+    for (int32_t done = 0; done < frames;)
+    {
+        const int32_t readIndex = (whole + writeIndex_) & kDelayMask;
+        const bool chunkFits = frames - done >= kChunk && whole >= kChunk &&
+                               writeIndex_ <= kDelayLength - kChunk && readIndex < kDelayLength - kChunk;
+        const int32_t count = std::min(kChunk, frames - done);
+        if (chunkFits)
+            enhanceChunk(inL + done, inR + done, outL + done, outR + done, kernel, whole, frac);
+        else
+            enhanceFrames<Mode, false>(inL + done, inR + done, outL + done, outR + done, count, targets);
+        done += count;
+    }
 }
 
 template <int Mode, bool Gliding, typename Sample>
-void StereoEngine::enhanceBlock(const Sample* inL, const Sample* inR, Sample* outL, Sample* outR,
-                                int32_t frames, BlockTargets targets)
+void StereoEngine::enhanceFrames(const Sample* inL, const Sample* inR, Sample* outL, Sample* outR,
+                                 int32_t frames, BlockTargets targets)
 {
     // The state lives in locals for the block: as far as the compiler knows the output pointers could
     // alias the engine's own floats, which would push every per-sample update through memory.
@@ -213,10 +268,8 @@ void StereoEngine::enhanceBlock(const Sample* inL, const Sample* inR, Sample* ou
     const float depthTarget = targets.depth;
     const float widthTarget = targets.width;
     const int32_t positionTarget = targets.delayPosition;
-    const Sample sign = targets.sign;
 
-    float d = depth.value();
-    float w = width.value();
+    ModeKernel<Mode, Sample> kernel(depth.value(), width.value(), targets.sign);
     int32_t whole = static_cast<int32_t>(glide.position());
     double frac = glide.position() - whole;
 
@@ -226,70 +279,36 @@ void StereoEngine::enhanceBlock(const Sample* inL, const Sample* inR, Sample* ou
         const Sample right = inR[n];
         if constexpr (Gliding)
         {
-            d = depth.next(depthTarget, smoothing);
-            w = width.next(widthTarget, smoothing);
+            const float d = depth.next(depthTarget, smoothing);
+            const float w = width.next(widthTarget, smoothing);
+            kernel = ModeKernel<Mode, Sample>(d, w, targets.sign);
             const double position = glide.next(positionTarget, smoothing);
             whole = static_cast<int32_t>(position);
             frac = position - whole;
         }
         const int32_t readIndex = (whole + writeIndex) & kDelayMask;
-        Sample outLeft;
-        Sample outRight;
+
+        float toA = 0.0f;
+        float toB = 0.0f;
+        kernel.lineInputs(left, right, toA, toB);
+        lineA_.write(writeIndex, toA);
+        const Sample delayedA = static_cast<Sample>(lineA_.read(readIndex, frac));
+        Sample delayedB{};
         if constexpr (Mode == 0)
         {
-            // Width: the side is raised 1 to 4 times, and the delayed difference of the two lines
-            // (twice the raised side) widens the image further.
-            const Sample sum = left + right;
-            const Sample side = flushCoarse((Sample(w) * Sample(3) + Sample(1)) * (left - right));
-            lineA_.write(writeIndex, static_cast<float>(sign * (sum + side)));
-            lineB_.write(writeIndex, static_cast<float>(sign * (sum - side)));
-            const Sample a = static_cast<Sample>(lineA_.read(readIndex, frac));
-            const Sample b = static_cast<Sample>(lineB_.read(readIndex, frac));
-            const Sample gain = Sample(d) * Sample(0.75);
-            outLeft = flushCoarse(((a - b) * gain + (sum + side)) * Sample(0.5));
-            outRight = flushCoarse(((b - a) * gain + (sum - side)) * Sample(0.5));
+            lineB_.write(writeIndex, toB);
+            delayedB = static_cast<Sample>(lineB_.read(readIndex, frac));
         }
-        else
-        {
-            // Emphasis: a first difference y - w p of the delayed sum (mode 1) or side (mode 2).
-            constexpr double kGain = Mode == 1 ? 0.32 : 1.0;
-            Sample mid{};
-            Sample side{};
-            if constexpr (Mode == 1)
-            {
-                lineA_.write(writeIndex, static_cast<float>(left + right));
-            }
-            else
-            {
-                mid = flushCoarse(Sample(0.5) * (left + right));
-                side = flushCoarse(Sample(0.5) * (left - right));
-                lineA_.write(writeIndex, static_cast<float>(side));
-            }
-            const Sample delayed = static_cast<Sample>(lineA_.read(readIndex, frac));
-            const Sample before = Sample(previous);
-            previous = static_cast<float>(delayed);
-            // The emphasis is flushed and scaled in double precision, then continues in the block's own.
-            const Sample emphasis =
-                static_cast<Sample>(flushFine(static_cast<double>((delayed - before * Sample(w)) * sign)) *
-                                    (static_cast<double>(d) * kGain));
-            if constexpr (Mode == 1)
-            {
-                outLeft = flushCoarse(left + emphasis);
-                outRight = flushCoarse(right - emphasis);
-            }
-            else
-            {
-                outLeft = flushCoarse(emphasis + mid + side);
-                outRight = flushCoarse(mid - emphasis - side);
-            }
-        }
+        Sample outLeft;
+        Sample outRight;
+        kernel.outputs(left, right, delayedA, delayedB, Sample(previous), outLeft, outRight);
+        previous = static_cast<float>(delayedA);
 
         // Left first: when both outputs are one buffer it must end up holding the right channel.
         outL[n] = outLeft;
         outR[n] = outRight;
         writeIndex = (writeIndex + 1) & kDelayMask;
-        sumEnvelope.follow(static_cast<double>(std::abs(outLeft + outRight)), envelopeCoefficient);
-        differenceEnvelope.follow(static_cast<double>(std::abs(outLeft - outRight)), envelopeCoefficient);
+        followBalance(sumEnvelope, differenceEnvelope, outLeft, outRight, envelopeCoefficient);
     }
 
     depth_ = depth;
@@ -299,6 +318,42 @@ void StereoEngine::enhanceBlock(const Sample* inL, const Sample* inR, Sample* ou
     differenceEnvelope_ = differenceEnvelope;
     previousDelayed_ = previous;
     writeIndex_ = writeIndex;
+}
+
+template <int Mode, typename Sample>
+void StereoEngine::enhanceChunk(const Sample* inL, const Sample* inR, Sample* outL, Sample* outR,
+                                ModeKernel<Mode, Sample> kernel, int32_t whole, double frac)
+{
+    const int32_t readIndex = (whole + writeIndex_) & kDelayMask;
+    writeChunk(kernel, inL, inR, lineA_.data() + writeIndex_, lineB_.data() + writeIndex_);
+
+    // delayedA[0] is the previous frame's read of line A, as the engine keeps it between frames.
+    alignas(16) Sample delayedA[kChunk + 1];
+    alignas(16) Sample delayedB[kChunk] = {};
+    delayedA[0] = Sample(previousDelayed_);
+    readChunk(lineA_.data() + readIndex, frac, delayedA + 1);
+    if constexpr (Mode == 0) readChunk(lineB_.data() + readIndex, frac, delayedB);
+
+    alignas(16) Sample left[kChunk];
+    alignas(16) Sample right[kChunk];
+    for (int32_t n = 0; n < kChunk; ++n)
+        kernel.outputs(inL[n], inR[n], delayedA[n + 1], delayedB[n], Sample(static_cast<float>(delayedA[n])),
+                       left[n], right[n]);
+    previousDelayed_ = static_cast<float>(delayedA[kChunk]);
+    writeIndex_ = (writeIndex_ + kChunk) & kDelayMask;
+
+    EnvelopeFollower sumEnvelope = sumEnvelope_;
+    EnvelopeFollower differenceEnvelope = differenceEnvelope_;
+    const double envelopeCoefficient = envelopeCoefficient_;
+    for (int32_t n = 0; n < kChunk; ++n)
+    {
+        // Left first: when both outputs are one buffer it must end up holding the right channel.
+        outL[n] = left[n];
+        outR[n] = right[n];
+        followBalance(sumEnvelope, differenceEnvelope, left[n], right[n], envelopeCoefficient);
+    }
+    sumEnvelope_ = sumEnvelope;
+    differenceEnvelope_ = differenceEnvelope;
 }
 
 } // namespace spatara

@@ -3,6 +3,7 @@
 #include "DelayGlide.h"
 #include "DelayLine.h"
 #include "EnvelopeFollower.h"
+#include "ModeKernel.h"
 #include "ParameterSmoother.h"
 
 #include <atomic>
@@ -70,8 +71,11 @@ class StereoEngine
     void enhance(const Sample* inL, const Sample* inR, Sample* outL, Sample* outR, int32_t frames,
                  BlockTargets targets);
     template <int Mode, bool Gliding, typename Sample>
-    void enhanceBlock(const Sample* inL, const Sample* inR, Sample* outL, Sample* outR, int32_t frames,
-                      BlockTargets targets);
+    void enhanceFrames(const Sample* inL, const Sample* inR, Sample* outL, Sample* outR, int32_t frames,
+                       BlockTargets targets);
+    template <int Mode, typename Sample>
+    void enhanceChunk(const Sample* inL, const Sample* inR, Sample* outL, Sample* outR,
+                      ModeKernel<Mode, Sample> kernel, int32_t whole, double frac);
 
     void clearState();
     void aimDelay();

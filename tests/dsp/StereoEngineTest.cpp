@@ -59,8 +59,7 @@ std::vector<double> glidePositions(StereoEngine& engine, size_t samples)
 
 } // namespace
 
-// --- bypass
-// -------------------------------------------------------------------------------------------------
+// --- bypass ------------------------------------------------------
 
 TEST(StereoEngineBypass, OutputEqualsInputSampleForSample)
 {
@@ -71,7 +70,7 @@ TEST(StereoEngineBypass, OutputEqualsInputSampleForSample)
     EXPECT_EQ(output.left, input.left);
     EXPECT_EQ(output.right, input.right);
 
-    const Stereo<double> inputD = toDouble(input);
+    const Stereo<double> inputD = converted<double>(input);
     const Stereo<double> outputD = render(engine, inputD, 300);
     EXPECT_EQ(outputD.left, inputD.left);
     EXPECT_EQ(outputD.right, inputD.right);
@@ -131,8 +130,7 @@ TEST(StereoEngineBypass, DoesNotAdvanceSmoothingOrDelay)
     EXPECT_EQ(engine.delayPosition(), position);
 }
 
-// --- transparency
-// -------------------------------------------------------------------------------------------
+// --- transparency ------------------------------------------------
 
 class StereoEngineModes : public testing::TestWithParam<int>
 {
@@ -176,8 +174,7 @@ TEST(StereoEngineWidth, ModeZeroAtDepthZeroScalesTheSideByOnePlusThreeWidth)
     }
 }
 
-// --- delay
-// --------------------------------------------------------------------------------------------------
+// --- delay -------------------------------------------------------
 
 struct PeriodCase
 {
@@ -294,8 +291,7 @@ TEST(StereoEngineGlide, ShorteningReachesItsLimitOfOneSamplePerSample)
     EXPECT_EQ(positions.back(), 32368.0);
 }
 
-// --- buffers
-// ------------------------------------------------------------------------------------------------
+// --- buffers -----------------------------------------------------
 
 TEST(StereoEngineBuffers, SharedOutputBufferReceivesTheRightChannel)
 {
@@ -344,8 +340,7 @@ TEST(StereoEngineBuffers, OneInputBufferForBothChannelsIsMono)
     EXPECT_EQ(output.right, expected.right);
 }
 
-// --- blocks
-// -------------------------------------------------------------------------------------------------
+// --- blocks ------------------------------------------------------
 
 TEST(StereoEngineBlocks, EmptyBlockLeavesDelayStateUnchangedAndRecomputesTheMeter)
 {
@@ -381,20 +376,46 @@ TEST(StereoEngineBlocks, EmptyBlockLeavesDelayStateUnchangedAndRecomputesTheMete
     EXPECT_EQ(output.right, expected.right);
 }
 
-TEST(StereoEngineBlocks, ResultDoesNotDependOnTheBlockSize)
+template <typename Sample> void expectSameResultForAnyBlockSize(int mode)
 {
-    const Settings settings{.depth = 0.5f, .width = 0.5f, .mode = 2.0f};
-    StereoEngine small, large;
-    prepare(small, settings);
-    prepare(large, settings);
-    small.setDepth(1.8f);
-    large.setDepth(1.8f);
-    const Stereo<float> input = correlatedNoise(20000, 13);
-    EXPECT_EQ(render(small, input, 37).left, render(large, input, 4096).left);
+    const Settings settings{.depth = 0.5f, .width = 0.5f, .phase = 1.0f, .mode = float(mode)};
+    StereoEngine single, whole;
+    prepare(single, settings);
+    prepare(whole, settings);
+    const Stereo<Sample> input = converted<Sample>(correlatedNoise(40000, 13));
+    // Frame by frame against whole blocks at rest, then the same while gliding.
+    for (int round = 0; round < 2; ++round)
+    {
+        EXPECT_EQ(render(single, input, 1).left, render(whole, input, 4096).left);
+        EXPECT_EQ(render(single, input, 1).right, render(whole, input, 4096).right);
+        single.setDepth(1.8f);
+        whole.setDepth(1.8f);
+    }
 }
 
-// --- precision
-// ----------------------------------------------------------------------------------------------
+TEST_P(StereoEngineModes, ResultDoesNotDependOnTheBlockSize)
+{
+    expectSameResultForAnyBlockSize<float>(GetParam());
+    expectSameResultForAnyBlockSize<double>(GetParam());
+}
+
+TEST(StereoEngineBlocks, DelayStaysWithinTheLineAtExtremeSampleRates)
+{
+    StereoEngine engine;
+    // A period of 50000 samples would not fit: the longest delay the line holds is used instead.
+    prepare(engine, {.depth = 2.0f, .width = 0.0f, .baseFrequency = 20.0f, .mode = 1.0f}, 1000000.0f);
+    EXPECT_EQ(engine.targetDelayPosition(), 1);
+    Stereo<float> input = silence(40000);
+    input.left[5] = 1.0f;
+    const Stereo<float> output = render(engine, input);
+    EXPECT_EQ(output.left[5 + 32767], static_cast<float>(1.0 * (2.0 * 0.32)));
+    size_t echoes = 0;
+    for (const float sample : output.left)
+        echoes += sample != 0.0f;
+    EXPECT_EQ(echoes, 2u); // the impulse and its one echo
+}
+
+// --- precision ---------------------------------------------------
 
 TEST_P(StereoEngineModes, SingleAndDoublePrecisionAgree)
 {
@@ -403,7 +424,7 @@ TEST_P(StereoEngineModes, SingleAndDoublePrecisionAgree)
     prepare(single, settings);
     prepare(dual, settings);
     const Stereo<float> input = correlatedNoise(3 * 44100, 14);
-    const Stereo<double> inputD = toDouble(input);
+    const Stereo<double> inputD = converted<double>(input);
     Stereo<float> output = silence(input.left.size());
     Stereo<double> outputD{std::vector<double>(input.left.size()), std::vector<double>(input.left.size())};
     for (size_t start = 0; start < input.left.size(); start += 512)
@@ -440,12 +461,13 @@ TEST_P(StereoEngineModes, MatchesTheReferenceModelBitForBit)
             {.depth = 0.8f, .width = 0.3f, .baseFrequency = 120.0f, .phase = 1.0f, .mode = float(mode)});
     ReferenceEngine reference(kRate, 0.8f, 0.3f, 120.0f, 1.0f, mode);
 
-    const Stereo<float> input = correlatedNoise(8 * 44100, 15);
+    constexpr size_t kBlock = 256;
+    const Stereo<float> input = correlatedNoise(1400 * kBlock, 15); // about 8 s, whole blocks
     Stereo<float> output = silence(input.left.size());
-    for (size_t start = 0; start < input.left.size(); start += 256)
+    for (size_t start = 0; start < input.left.size(); start += kBlock)
     {
         // A change now and then: the engine glides for a while, then rests again.
-        if (start % (2 * 44100) < 256 && start > 0)
+        if (start % (2 * 44100) < kBlock && start > 0)
         {
             const float step = static_cast<float>(start / (2 * 44100));
             engine.setDepth(0.5f * step);
@@ -456,8 +478,8 @@ TEST_P(StereoEngineModes, MatchesTheReferenceModelBitForBit)
             reference.setBaseFrequency(20.0f + 300.0f * step);
         }
         engine.process(&input.left[start], &input.right[start], &output.left[start], &output.right[start],
-                       256);
-        for (size_t n = start; n < start + 256; ++n)
+                       kBlock);
+        for (size_t n = start; n < start + kBlock; ++n)
         {
             float left = 0.0f, right = 0.0f;
             reference.process(input.left[n], input.right[n], left, right);
@@ -469,8 +491,7 @@ TEST_P(StereoEngineModes, MatchesTheReferenceModelBitForBit)
     EXPECT_EQ(engine.differenceEnvelope(), reference.differenceEnvelope());
 }
 
-// --- mode changes
-// -------------------------------------------------------------------------------------------
+// --- mode changes ------------------------------------------------
 
 namespace
 {
@@ -509,8 +530,7 @@ TEST(StereoEngineModeChange, OtherModeClearsBothDelayLines)
     EXPECT_FALSE(echoSurvives(2.0f, {0.0f, 2.0f}));
 }
 
-// --- life cycle
-// ---------------------------------------------------------------------------------------------
+// --- life cycle --------------------------------------------------
 
 TEST(StereoEngineLifeCycle, ResumeStartsOnTheTargetsWithoutGliding)
 {

@@ -30,10 +30,10 @@ inline Stereo<float> correlatedNoise(size_t frames, uint32_t seed)
     return signal;
 }
 
-inline Stereo<double> toDouble(const Stereo<float>& signal)
+template <typename Sample> Stereo<Sample> converted(const Stereo<float>& signal)
 {
-    return {std::vector<double>(signal.left.begin(), signal.left.end()),
-            std::vector<double>(signal.right.begin(), signal.right.end())};
+    return {std::vector<Sample>(signal.left.begin(), signal.left.end()),
+            std::vector<Sample>(signal.right.begin(), signal.right.end())};
 }
 
 // Runs the whole signal through the engine in blocks of the given size.
