@@ -4,14 +4,12 @@
 
 CPresetSystemEditor::CPresetSystemEditor(AudioEffect* effect) : AEffEditor(effect) {}
 
-CPresetSystemEditor::~CPresetSystemEditor() = default;
+CPresetSystemEditor::~CPresetSystemEditor()
+{
+    storePathsAndFilenames();
+}
 
 void CPresetSystemEditor::setParameter(long, float) {}
-
-void CPresetSystemEditor::loadDefaults()
-{
-    presetEffect()->setPresetNo(0);
-}
 
 void CPresetSystemEditor::nameChangedExternal(const char*) {}
 

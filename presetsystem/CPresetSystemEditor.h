@@ -6,9 +6,23 @@
 #include "PresetImageFormat.h"
 
 #include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
 #include <vector>
 
 class CPresetSystemEffect;
+
+// What a file dialog of the preset system asks for.
+struct FileChoice
+{
+    bool save = false;
+    std::string title;
+    std::string directory;   // initial directory, ending in "/" (may be empty)
+    std::string defaultName; // proposed file name when saving
+    std::string typeName;    // "ZEV Preset" or "ZEV Bank"
+    std::string extension;   // "zev" or "zvb"
+};
 
 class CPresetSystemEditor : public AEffEditor
 {
@@ -50,10 +64,73 @@ class CPresetSystemEditor : public AEffEditor
     virtual void setListEntryTitle(long index, const char* name);
     virtual void selectListEntry(long index);
 
+    // ---- preset and bank files (UI thread); failures are silent, as users expect of a cancelled dialog
+    virtual void loadPreset(bool endianReversed);
+    virtual void savePreset();
+    virtual void loadBank(bool endianReversed);
+    virtual void saveBank();
+
+    // ---- defaults and memories in the preferences (UI thread)
+    virtual void saveDefaultBank();
+    virtual void resetDefaultBank();
+    virtual void loadDefaultBank();
+    virtual void saveDefaultPreset();
+    virtual void resetDefaultPreset();
+    virtual void loadDefaultPreset();
+    virtual void storeA();
+    virtual void storeB();
+    virtual void recallA();
+    virtual void recallB();
+    // MIDI-map files exist in the format only; nothing in this plug-in loads or saves them.
+    virtual void loadMidi(bool) {}
+    virtual void saveMidi() {}
+    virtual void saveDefaultMidi() {}
+    virtual void resetDefaultMidi();
+    virtual void loadDefaultMidi() {}
+    // The folder and file names last used in the dialogs, kept across sessions.
+    virtual void storePathsAndFilenames();
+    virtual void recallPathsAndFilenames();
+    // The user typed a new name for the current preset.
+    void nameChangedInternal(const char* name);
+
+    // Where the file dialogs get their answer; tests put their own chooser here. Answers the chosen path,
+    // or nothing when the user cancelled or no dialog could be shown.
+    using FileChooser = std::function<std::optional<std::string>(const FileChoice&)>;
+    void setFileChooser(FileChooser chooser) { fileChooser = std::move(chooser); }
+
+    const char* getPresetPath() const { return presetPath; }
+    const char* getPresetFileName() const { return presetFileName; }
+    const char* getBankFileName() const { return bankFileName; }
+
   protected:
+    // The dialog itself: the editor's own when its window is open; nothing otherwise.
+    virtual std::optional<std::string> runFileDialog(const FileChoice& choice);
+    // Reads a preset or bank file and hands its image to applyImage.
+    void applyFileImage(const char* fileName, const char* directory, bool endianReversed);
+    // Whether an image carries this plug-in's identifier, in either byte order.
+    bool isOwnImage(const std::vector<char>& image) const;
+    // Hands a preset or bank image (identifier, type, header, chunks) to its reader, byte order by the
+    // identifier, turned round when a reversed load was asked for.
+    void applyImage(const std::vector<char>& image, bool endianReversed);
+    // Writes an image to a file, replacing the old file only once the new one is complete.
+    bool writeFileImage(const char* fileName, const char* directory, const std::vector<char>& image);
+    virtual void redrawFrame() {}
+
     CPresetSystemEffect* presetEffect() const;
     newpresetheader makeHeader(char fileType, std::int32_t numChunks, std::int32_t currentPreset,
                                std::int32_t dataSize) const;
     // Value chunks per preset: one for each parameter that holds a stored value.
     int storedValueCount() const;
+
+    static constexpr int kPathSize = 257; // 256 characters and the terminator
+    char presetPath[kPathSize] = {};
+    char bankFileName[kPathSize] = {};
+    char presetFileName[kPathSize] = {};
+
+  private:
+    void storeImage(const char* key, const std::vector<char>& image);
+    void removeKey(const char* key);
+    void applyStoredImage(const char* key);
+    std::optional<std::string> chooseFile(const FileChoice& choice);
+    FileChooser fileChooser;
 };

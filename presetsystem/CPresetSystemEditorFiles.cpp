@@ -1,0 +1,196 @@
+// CPresetSystemEditor: preset and bank files through the file dialogs.
+#include "CPresetSystemEditor.h"
+
+#include "CPresetSystemEffect.h"
+#include "ParamConversion.h"
+#include "XPlatFile.h"
+
+#include <cstdio>
+#include <cstring>
+#include <sys/stat.h>
+
+namespace
+{
+struct FileKind
+{
+    const char* loadTitle;
+    const char* reversedTitle;
+    const char* saveTitle;
+    const char* typeName;
+    const char* extension;
+};
+
+constexpr FileKind kPresetFiles = {"Load preset", "Load preset (endian-reversed)", "Save preset",
+                                   "ZEV Preset", "zev"};
+constexpr FileKind kBankFiles = {"Load bank", "Load bank (endian-reversed)", "Save bank", "ZEV Bank", "zvb"};
+
+FileChoice openChoice(const FileKind& kind, bool reversed, const char* directory)
+{
+    FileChoice choice;
+    choice.title = reversed ? kind.reversedTitle : kind.loadTitle;
+    choice.directory = directory;
+    choice.typeName = kind.typeName;
+    choice.extension = kind.extension;
+    return choice;
+}
+
+FileChoice saveChoice(const FileKind& kind, const char* directory, const char* defaultName)
+{
+    FileChoice choice;
+    choice.save = true;
+    choice.title = kind.saveTitle;
+    choice.directory = directory;
+    choice.defaultName = defaultName;
+    choice.typeName = kind.typeName;
+    choice.extension = kind.extension;
+    return choice;
+}
+
+// Splits a chosen path into the remembered directory and file name. A path whose parts don't fit the
+// 256 characters we remember is not taken: the operation ends as if cancelled.
+bool splitChosenPath(const std::string& path, char* name, char* directory, std::size_t size)
+{
+    const auto slash = path.rfind('/');
+    if (slash == std::string::npos || slash + 1 >= size || path.size() - slash - 1 >= size) return false;
+    XPlatGetFileNameAndDir(path.c_str(), name, directory);
+    return true;
+}
+} // namespace
+
+std::optional<std::string> CPresetSystemEditor::runFileDialog(const FileChoice&)
+{
+    return std::nullopt;
+}
+
+std::optional<std::string> CPresetSystemEditor::chooseFile(const FileChoice& choice)
+{
+    return fileChooser ? fileChooser(choice) : runFileDialog(choice);
+}
+
+void CPresetSystemEditor::loadPreset(bool endianReversed)
+{
+    const auto path = chooseFile(openChoice(kPresetFiles, endianReversed, presetPath));
+    if (!path || !splitChosenPath(*path, presetFileName, presetPath, kPathSize)) return;
+    applyFileImage(presetFileName, presetPath, endianReversed);
+    redrawFrame();
+}
+
+void CPresetSystemEditor::loadBank(bool endianReversed)
+{
+    const auto path = chooseFile(openChoice(kBankFiles, endianReversed, presetPath));
+    if (!path || !splitChosenPath(*path, bankFileName, presetPath, kPathSize)) return;
+    applyFileImage(bankFileName, presetPath, endianReversed);
+    // After a bank, the first preset is current and shown, whatever the bank's own choice was.
+    selectListEntry(0);
+    showPresetName(presetEffect()->preset(0).name);
+    presetEffect()->setPresetNo(0);
+    redrawFrame();
+}
+
+void CPresetSystemEditor::savePreset()
+{
+    const auto path = chooseFile(saveChoice(kPresetFiles, presetPath, presetFileName));
+    if (!path || !splitChosenPath(*path, presetFileName, presetPath, kPathSize)) return;
+    writeFileImage(presetFileName, presetPath, PresetToBuffer());
+}
+
+void CPresetSystemEditor::saveBank()
+{
+    const auto path = chooseFile(saveChoice(kBankFiles, presetPath, bankFileName));
+    if (!path || !splitChosenPath(*path, bankFileName, presetPath, kPathSize)) return;
+    writeFileImage(bankFileName, presetPath, BankToBuffer());
+}
+
+void CPresetSystemEditor::applyFileImage(const char* fileName, const char* directory, bool endianReversed)
+{
+    void* handle = nullptr;
+    const long length = XPlatFileOpen(fileName, directory, &handle, false);
+    if (length <= 4) return; // nothing to load; the handle is left as it is, as it always has been
+    std::vector<char> image(static_cast<std::size_t>(length));
+    XPlatFileRead(handle, image.data(), length);
+    if (!isOwnImage(image))
+        return; // another plug-in's file: silently not ours, and again the handle is left as it is
+    XPlatFileClose(handle);
+    applyImage(image, endianReversed);
+}
+
+bool CPresetSystemEditor::isOwnImage(const std::vector<char>& image) const
+{
+    if (image.size() < 4) return false;
+    std::int32_t id;
+    std::memcpy(&id, image.data(), sizeof(id));
+    std::int32_t reversed = presetEffect()->getUniqueID();
+    mySwapBytes(&reversed);
+    return id == presetEffect()->getUniqueID() || id == reversed;
+}
+
+void CPresetSystemEditor::applyImage(const std::vector<char>& image, bool endianReversed)
+{
+    if (image.size() <= 4 || !isOwnImage(image)) return;
+    newpresetheader header{};
+    std::memcpy(&header, image.data(), std::min(image.size(), std::size_t{kOldImageHeadSize}));
+    // Written on a machine of the other byte order when the identifier reads reversed; the reversed load
+    // turns that decision round.
+    const bool swap = (header.uniqueID != presetEffect()->getUniqueID()) != endianReversed;
+
+    const char* rest = image.data() + kOldImageHeadSize;
+    const std::size_t restSize = image.size() - kOldImageHeadSize;
+    const long length = static_cast<long>(image.size());
+    switch (header.fileType)
+    {
+    case kFileTypeOldPreset:
+        BufferToPresetOld(rest, restSize, swap, static_cast<int>((length - 29) / 4));
+        break;
+    case kFileTypeOldBank:
+        BufferToBankOld(rest, restSize, swap, kNumPresets,
+                        static_cast<int>(((length - kOldImageHeadSize) / kNumPresets - kPresetNameSize) / 4));
+        break;
+    case kFileTypePreset:
+    case kFileTypeBank:
+    {
+        if (image.size() < sizeof(newpresetheader))
+            break; // a head without the rest of its header: nothing usable
+        std::memcpy(&header, image.data(), sizeof(header));
+        if (swap) byteSwapHeader(&header);
+        // What the header announces, but never more than the image holds.
+        const std::size_t available = image.size() - sizeof(newpresetheader);
+        const std::size_t announced = header.dataSize > 0 ? static_cast<std::size_t>(header.dataSize) : 0;
+        const char* chunks = image.data() + sizeof(newpresetheader);
+        if (header.fileType == kFileTypePreset)
+            BufferToPreset(chunks, std::min(available, announced), &header, swap);
+        else
+            BufferToBank(chunks, std::min(available, announced), &header, swap);
+        break;
+    }
+    default:
+        break; // a type we don't know: nothing is loaded
+    }
+}
+
+bool CPresetSystemEditor::writeFileImage(const char* fileName, const char* directory,
+                                         const std::vector<char>& image)
+{
+    if (image.empty()) return false;
+    // Written beside the old file under a temporary name, then renamed over it: a save that fails half-way
+    // (full disk, crash) leaves the previous file as it was.
+    const std::string temporaryName = std::string(".") + fileName + ".saving";
+    void* handle = nullptr;
+    XPlatFileOpen(temporaryName.c_str(), directory, &handle, true);
+    if (!handle) return false;
+    XPlatFileWrite(handle, image.data(), static_cast<long>(image.size()));
+    XPlatFileClose(handle);
+
+    const std::string temporaryPath = std::string(directory) + temporaryName;
+    const std::string finalPath = std::string(directory) + fileName;
+    struct stat written
+    {
+    };
+    const bool complete = ::stat(temporaryPath.c_str(), &written) == 0 &&
+                          static_cast<std::size_t>(written.st_size) == image.size();
+    if (!complete || std::rename(temporaryPath.c_str(), finalPath.c_str()) != 0)
+    {
+        std::remove(temporaryPath.c_str());
+        return false;
+    }
+    return true;
+}

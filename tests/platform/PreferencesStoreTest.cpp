@@ -1,0 +1,218 @@
+#include "Base64.h"
+#include "CPreferencesStore.h"
+#include "PreferencesFormat.h"
+#include "TempDir.h"
+#include "XPlatPrefs.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <string>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace
+{
+std::string slurp(const std::string& file)
+{
+    std::ifstream in(file, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+std::vector<unsigned char> bytes(std::initializer_list<int> values)
+{
+    std::vector<unsigned char> out;
+    for (int v : values)
+        out.push_back(static_cast<unsigned char>(v));
+    return out;
+}
+
+class PreferencesStore : public ::testing::Test
+{
+  protected:
+    std::string path() const { return dir.file("zev-spatara/preferences"); }
+    TempDir dir;
+};
+} // namespace
+
+TEST_F(PreferencesStore, StringsAndBinaryValuesSurviveARoundTrip)
+{
+    const auto binary = bytes({0, 1, 2, 0, 255, 10, 13, 0x22});
+    {
+        CPreferencesStore store(path());
+        store.setString("CurrDir", "/home/me/presets with \"quotes\" and \\ and\nnew line/");
+        store.setData("DefaultPreset", binary);
+        ASSERT_TRUE(store.synchronize());
+    }
+    CPreferencesStore reader(path());
+    EXPECT_EQ(reader.getString("CurrDir"), "/home/me/presets with \"quotes\" and \\ and\nnew line/");
+    EXPECT_EQ(reader.getData("DefaultPreset"), binary);
+    EXPECT_FALSE(reader.getString("DefaultPreset")) << "a binary value is not a string";
+    EXPECT_FALSE(reader.getData("Missing"));
+}
+
+TEST_F(PreferencesStore, TheFileIsReadableText)
+{
+    CPreferencesStore store(path());
+    store.setString("CurrBank", "live.zvb");
+    store.setData("MemoAPreset", bytes({1, 2, 3}));
+    ASSERT_TRUE(store.synchronize());
+    const std::string text = slurp(path());
+    EXPECT_NE(text.find("CurrBank = \"live.zvb\"\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("MemoAPreset = base64:AQID\n"), std::string::npos) << text;
+}
+
+TEST_F(PreferencesStore, RemovedKeysAreGone)
+{
+    CPreferencesStore store(path());
+    store.setData("DefaultBank", bytes({9, 9, 9, 9, 9}));
+    ASSERT_TRUE(store.synchronize());
+    store.remove("DefaultBank");
+    EXPECT_FALSE(store.getData("DefaultBank")) << "pending removal already hides it";
+    ASSERT_TRUE(store.synchronize());
+    EXPECT_FALSE(CPreferencesStore(path()).getData("DefaultBank"));
+}
+
+TEST_F(PreferencesStore, ADamagedFileIsIgnoredWithOneLineAndKeptUntilAChange)
+{
+    std::filesystem::create_directories(dir.file("zev-spatara"));
+    const std::string damaged = "CurrDir = \"/ok/\"\nthis line is not a preference\n";
+    std::ofstream(path(), std::ios::binary) << damaged;
+
+    CPreferencesStore store(path());
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(store.getString("CurrDir"));
+    EXPECT_FALSE(store.getString("CurrBank"));
+    const std::string err = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(err, "ZEV Spatara: ignoring damaged preferences file " + path() + " (line 2)\n");
+
+    EXPECT_TRUE(store.synchronize());
+    EXPECT_EQ(slurp(path()), damaged) << "nothing changed, so nothing is written";
+
+    store.setString("CurrPreset", "warm.zev");
+    testing::internal::CaptureStderr();
+    ASSERT_TRUE(store.synchronize());
+    testing::internal::GetCapturedStderr();
+    EXPECT_EQ(CPreferencesStore(path()).getString("CurrPreset"), "warm.zev");
+}
+
+TEST_F(PreferencesStore, StringsOf256CharactersOrMoreAreNotRestored)
+{
+    setenv("XDG_CONFIG_HOME", dir.path().c_str(), 1);
+    XPlatSetPrefString("CurrDir", std::string(255, 'd').c_str());
+    XPlatSetPrefString("CurrBank", std::string(256, 'b').c_str());
+    ASSERT_TRUE(XPlatSynchronizePrefs());
+    char out[kPrefStringSize + 8] = "before";
+    EXPECT_FALSE(XPlatGetPrefString("CurrBank", out));
+    EXPECT_STREQ(out, "before");
+    EXPECT_TRUE(XPlatGetPrefString("CurrDir", out));
+    EXPECT_EQ(std::string(out), std::string(255, 'd'));
+    EXPECT_FALSE(XPlatGetPrefString("NoSuchKey", out));
+}
+
+TEST_F(PreferencesStore, TwoProcessesWritingAtOnceLoseNoKeys)
+{
+    constexpr int kRounds = 60;
+    pid_t children[2];
+    for (int p = 0; p < 2; ++p)
+    {
+        children[p] = fork();
+        ASSERT_GE(children[p], 0);
+        if (children[p] == 0)
+        {
+            CPreferencesStore store(path());
+            for (int i = 0; i < kRounds; ++i)
+            {
+                store.setString("p" + std::to_string(p) + "_" + std::to_string(i), std::to_string(i));
+                store.setData("shared" + std::to_string(p),
+                              std::vector<unsigned char>(static_cast<std::size_t>(i)));
+                if (!store.synchronize()) _exit(1);
+            }
+            _exit(0);
+        }
+    }
+    for (pid_t child : children)
+    {
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    }
+    CPreferencesStore reader(path());
+    for (int p = 0; p < 2; ++p)
+    {
+        for (int i = 0; i < kRounds; ++i)
+            EXPECT_EQ(reader.getString("p" + std::to_string(p) + "_" + std::to_string(i)), std::to_string(i));
+        EXPECT_EQ(reader.getData("shared" + std::to_string(p))->size(),
+                  static_cast<std::size_t>(kRounds - 1));
+    }
+}
+
+TEST_F(PreferencesStore, AWriteThatFailsHalfWayLeavesThePreviousFile)
+{
+    {
+        CPreferencesStore store(path());
+        store.setString("CurrDir", "/kept/");
+        ASSERT_TRUE(store.synchronize());
+    }
+    const std::string before = slurp(path());
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0)
+    {
+        // The disk "fills up" after a few hundred bytes of the new file.
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{300, 300};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        CPreferencesStore store(path());
+        store.setData("DefaultBank", std::vector<unsigned char>(13721, 0x5a));
+        _exit(store.synchronize() ? 1 : 0);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0) << "the failed write is reported";
+    EXPECT_EQ(slurp(path()), before);
+    for (const auto& entry : std::filesystem::directory_iterator(dir.file("zev-spatara")))
+        EXPECT_EQ(entry.path().filename().string().find(".tmp"), std::string::npos) << entry.path();
+}
+
+TEST(PreferencesFormat, RefusesWhatItDidNotWrite)
+{
+    int line = 0;
+    EXPECT_FALSE(parsePreferences("key = unquoted\n", line));
+    EXPECT_EQ(line, 1);
+    EXPECT_FALSE(parsePreferences("# fine\nkey = base64:A\n", line));
+    EXPECT_EQ(line, 2);
+    EXPECT_FALSE(parsePreferences("bad key = \"x\"\n", line));
+    EXPECT_FALSE(parsePreferences("k = \"x\"\nk = \"y\"\n", line)) << "a key twice";
+    EXPECT_FALSE(parsePreferences("k = \"a\"b\"\n", line));
+    EXPECT_TRUE(parsePreferences("", line));
+    EXPECT_TRUE(parsePreferences("# only a comment\n\n", line));
+}
+
+TEST(PreferencesFormat, WritesWhatItReads)
+{
+    PreferenceMap values;
+    values["A"] = std::string("x \\ \" \n y");
+    values["B"] = bytes({0, 255, 128});
+    values["C"] = std::vector<unsigned char>();
+    int line = 0;
+    EXPECT_EQ(parsePreferences(formatPreferences(values), line), values);
+}
+
+TEST(Base64, EncodesAndDecodesWithPadding)
+{
+    EXPECT_EQ(base64Encode(bytes({'M', 'a', 'n'})), "TWFu");
+    EXPECT_EQ(base64Encode(bytes({'M', 'a'})), "TWE=");
+    EXPECT_EQ(base64Encode(bytes({'M'})), "TQ==");
+    EXPECT_EQ(base64Decode("TWE="), bytes({'M', 'a'}));
+    EXPECT_EQ(base64Decode("TQ=="), bytes({'M'}));
+    EXPECT_FALSE(base64Decode("TQ="));
+    EXPECT_FALSE(base64Decode("T=Q="));
+    EXPECT_FALSE(base64Decode("TQ==TQ=="));
+    EXPECT_FALSE(base64Decode("T*Q="));
+}
