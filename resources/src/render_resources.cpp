@@ -1,0 +1,261 @@
+// Draws the editor's bitmaps with Cairo and writes them as resources/bmpNNNNN.png.
+// Regenerate with: cmake --build build --target spatara-resources
+#include <cairo.h>
+
+#include <cmath>
+#include <cstdio>
+#include <string>
+
+namespace
+{
+struct Rgb
+{
+    double r, g, b;
+};
+
+constexpr Rgb rgb(int r, int g, int b)
+{
+    return {r / 255.0, g / 255.0, b / 255.0};
+}
+
+// The palette: a dark chassis, pale "display" plates for the black value texts, one cool accent.
+const Rgb kChassisTop = rgb(46, 50, 57);
+const Rgb kChassisBottom = rgb(27, 29, 33);
+const Rgb kEdgeLight = rgb(78, 84, 94);
+const Rgb kEdgeDark = rgb(12, 13, 15);
+const Rgb kPlate = rgb(189, 207, 218);
+const Rgb kPlateShade = rgb(150, 168, 180);
+const Rgb kGroove = rgb(14, 15, 18);
+const Rgb kTick = rgb(92, 99, 110);
+const Rgb kLabel = rgb(160, 168, 178);
+const Rgb kAccent = rgb(86, 170, 232);
+
+void setColor(cairo_t* cr, const Rgb& c, double alpha = 1.0)
+{
+    cairo_set_source_rgba(cr, c.r, c.g, c.b, alpha);
+}
+
+void roundedRect(cairo_t* cr, double x, double y, double w, double h, double r)
+{
+    cairo_new_sub_path(cr);
+    cairo_arc(cr, x + w - r, y + r, r, -M_PI / 2, 0);
+    cairo_arc(cr, x + w - r, y + h - r, r, 0, M_PI / 2);
+    cairo_arc(cr, x + r, y + h - r, r, M_PI / 2, M_PI);
+    cairo_arc(cr, x + r, y + r, r, M_PI, 3 * M_PI / 2);
+    cairo_close_path(cr);
+}
+
+void text(cairo_t* cr, const char* s, double x, double y, double size, const Rgb& c, bool bold = false,
+          double align = 0.0)
+{
+    cairo_select_font_face(cr, "DejaVu Sans", CAIRO_FONT_SLANT_NORMAL,
+                           bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
+    cairo_set_font_size(cr, size);
+    cairo_text_extents_t e;
+    cairo_text_extents(cr, s, &e);
+    setColor(cr, c);
+    cairo_move_to(cr, std::round(x - align * e.x_advance), y);
+    cairo_show_text(cr, s);
+}
+
+// A recessed well: darker inside, a light lower edge, a dark upper edge.
+void well(cairo_t* cr, double x, double y, double w, double h, double r, const Rgb& fill)
+{
+    roundedRect(cr, x - 0.5, y + 0.5, w + 1, h, r);
+    setColor(cr, kEdgeLight, 0.35);
+    cairo_fill(cr);
+    roundedRect(cr, x - 0.5, y - 0.5, w + 1, h + 0.5, r);
+    setColor(cr, kEdgeDark, 0.9);
+    cairo_fill(cr);
+    roundedRect(cr, x, y, w, h, r);
+    setColor(cr, fill);
+    cairo_fill(cr);
+}
+
+void plate(cairo_t* cr, double x, double y, double w, double h)
+{
+    well(cr, x, y, w, h, 2.5, kPlate);
+    cairo_pattern_t* shade = cairo_pattern_create_linear(0, y, 0, y + h);
+    cairo_pattern_add_color_stop_rgba(shade, 0, kPlateShade.r, kPlateShade.g, kPlateShade.b, 0.55);
+    cairo_pattern_add_color_stop_rgba(shade, 0.35, kPlate.r, kPlate.g, kPlate.b, 0.0);
+    roundedRect(cr, x, y, w, h, 2.5);
+    cairo_set_source(cr, shade);
+    cairo_fill(cr);
+    cairo_pattern_destroy(shade);
+}
+
+void sliderTrack(cairo_t* cr, double left, double right, double top)
+{
+    // The handle (14 px wide) travels from left to right − 14: the groove runs between its centres.
+    const double y = top + 7;
+    well(cr, left + 5, y - 2, right - left - 10, 4, 2, kGroove);
+    for (int i = 0; i <= 10; ++i)
+    {
+        const double x = std::round(left + 7 + i * (right - left - 14) / 10.0) + 0.5;
+        setColor(cr, kTick, i % 5 == 0 ? 1.0 : 0.6);
+        cairo_set_line_width(cr, 1);
+        cairo_move_to(cr, x, top + 12);
+        cairo_line_to(cr, x, top + (i % 5 == 0 ? 16 : 14));
+        cairo_stroke(cr);
+    }
+}
+
+bool write(cairo_surface_t* surface, const std::string& directory, int number)
+{
+    char name[32];
+    std::snprintf(name, sizeof(name), "/bmp%05d.png", number);
+    const std::string path = directory + name;
+    const bool ok = cairo_surface_write_to_png(surface, path.c_str()) == CAIRO_STATUS_SUCCESS;
+    std::printf("%s %s\n", ok ? "wrote" : "FAILED", path.c_str());
+    return ok;
+}
+
+// 128: the editor's background, 302 × 250.
+cairo_surface_t* background()
+{
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 302, 250);
+    cairo_t* cr = cairo_create(surface);
+    cairo_pattern_t* body = cairo_pattern_create_linear(0, 0, 0, 250);
+    cairo_pattern_add_color_stop_rgb(body, 0, kChassisTop.r, kChassisTop.g, kChassisTop.b);
+    cairo_pattern_add_color_stop_rgb(body, 1, kChassisBottom.r, kChassisBottom.g, kChassisBottom.b);
+    cairo_set_source(cr, body);
+    cairo_paint(cr);
+    cairo_pattern_destroy(body);
+
+    // Frame: a light top edge and a dark outline.
+    cairo_set_line_width(cr, 1);
+    setColor(cr, kEdgeDark);
+    cairo_rectangle(cr, 0.5, 0.5, 301, 249);
+    cairo_stroke(cr);
+    setColor(cr, kEdgeLight, 0.6);
+    cairo_move_to(cr, 1, 1.5);
+    cairo_line_to(cr, 301, 1.5);
+    cairo_stroke(cr);
+
+    // Header.
+    text(cr, "ZEV", 8, 15, 10, kAccent, true);
+    text(cr, "SPATARA", 33, 15, 10, rgb(222, 226, 232), true);
+    text(cr, "stereo enhancer", 294, 15, 9, kLabel, false, 1.0);
+
+    // Balance meter row: captions left and right, the meter's well between (182 × 10 at 60, 25).
+    plate(cr, 14, 25, 30, 15);
+    plate(cr, 256, 25, 30, 15);
+    well(cr, 58, 23, 186, 14, 2, kGroove);
+
+    // Three slider rows, 32 px apart: caption plate, track, value plate.
+    for (int row = 0; row < 3; ++row)
+    {
+        const double top = 51 + 32 * row;
+        plate(cr, 2, top + 3, 42, 17);
+        sliderTrack(cr, 63, 239, top);
+        plate(cr, 256, top + 3, 42, 17);
+    }
+
+    // The about area (70..225 × 184..204) carries the wordmark.
+    setColor(cr, kEdgeLight, 0.5);
+    cairo_move_to(cr, 70, 180.5);
+    cairo_line_to(cr, 232, 180.5);
+    cairo_stroke(cr);
+    text(cr, "ZEV", 112, 199, 13, kAccent, true);
+    text(cr, "SPATARA", 145, 199, 13, rgb(222, 226, 232), true);
+
+    // Preset panel at the foot: a recessed strip with the name field's plate.
+    well(cr, 4, 211, 294, 35, 3, rgb(20, 22, 25));
+    plate(cr, 89, 222, 114, 16);
+
+    cairo_destroy(cr);
+    return surface;
+}
+
+// 134: the slider handle, 14 × 16.
+cairo_surface_t* sliderHandle()
+{
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 14, 16);
+    cairo_t* cr = cairo_create(surface);
+    roundedRect(cr, 0.5, 0.5, 13, 15, 2.5);
+    cairo_pattern_t* metal = cairo_pattern_create_linear(0, 0, 0, 16);
+    cairo_pattern_add_color_stop_rgb(metal, 0, 0.86, 0.88, 0.90);
+    cairo_pattern_add_color_stop_rgb(metal, 1, 0.56, 0.59, 0.63);
+    cairo_set_source(cr, metal);
+    cairo_fill_preserve(cr);
+    cairo_pattern_destroy(metal);
+    setColor(cr, kEdgeDark);
+    cairo_set_line_width(cr, 1);
+    cairo_stroke(cr);
+    setColor(cr, kAccent);
+    cairo_rectangle(cr, 6, 3, 2, 10);
+    cairo_fill(cr);
+    cairo_destroy(cr);
+    return surface;
+}
+
+// 135 / 136: the meter lit and unlit, 182 × 10, one segment per pixel.
+cairo_surface_t* meter(bool lit)
+{
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 182, 10);
+    cairo_t* cr = cairo_create(surface);
+    cairo_pattern_t* bar = cairo_pattern_create_linear(0, 0, 182, 0);
+    // Side (S) in the accent colour, mid (M) warmer, both dim when unlit.
+    const double level = lit ? 1.0 : 0.22;
+    cairo_pattern_add_color_stop_rgb(bar, 0, 0.34 * level, 0.67 * level, 0.91 * level);
+    cairo_pattern_add_color_stop_rgb(bar, 0.5, 0.80 * level, 0.84 * level, 0.88 * level);
+    cairo_pattern_add_color_stop_rgb(bar, 1, 0.95 * level, 0.70 * level, 0.30 * level);
+    cairo_set_source(cr, bar);
+    cairo_paint(cr);
+    cairo_pattern_destroy(bar);
+    // Segment gaps every 4 px read as LEDs.
+    setColor(cr, kGroove, 0.85);
+    for (int x = 3; x < 182; x += 4)
+        cairo_rectangle(cr, x, 0, 1, 10);
+    cairo_fill(cr);
+    cairo_destroy(cr);
+    return surface;
+}
+
+// 137: the "process" on/off button, two frames of 44 × 18 stacked (off above on).
+cairo_surface_t* onOffButton(const char* label)
+{
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 44, 36);
+    cairo_t* cr = cairo_create(surface);
+    for (int on = 0; on < 2; ++on)
+    {
+        const double y = on * 18;
+        roundedRect(cr, 0.5, y + 0.5, 43, 17, 3);
+        cairo_pattern_t* face = cairo_pattern_create_linear(0, y, 0, y + 18);
+        cairo_pattern_add_color_stop_rgb(face, 0, 0.27, 0.29, 0.33);
+        cairo_pattern_add_color_stop_rgb(face, 1, 0.17, 0.18, 0.21);
+        cairo_set_source(cr, face);
+        cairo_fill_preserve(cr);
+        cairo_pattern_destroy(face);
+        setColor(cr, kEdgeDark);
+        cairo_set_line_width(cr, 1);
+        cairo_stroke(cr);
+        cairo_arc(cr, 7, y + 9, 2.5, 0, 2 * M_PI);
+        setColor(cr, on ? kAccent : rgb(60, 66, 74));
+        cairo_fill(cr);
+        text(cr, label, 13, y + 12.5, 8.5, on ? rgb(232, 236, 240) : kLabel);
+    }
+    cairo_destroy(cr);
+    return surface;
+}
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const std::string directory = argc > 1 ? argv[1] : ".";
+    bool ok = true;
+    const struct
+    {
+        int number;
+        cairo_surface_t* surface;
+    } bitmaps[] = {
+        {128, background()}, {134, sliderHandle()},         {135, meter(true)},
+        {136, meter(false)}, {137, onOffButton("process")},
+    };
+    for (const auto& bitmap : bitmaps)
+    {
+        ok = write(bitmap.surface, directory, bitmap.number) && ok;
+        cairo_surface_destroy(bitmap.surface);
+    }
+    return ok ? 0 : 1;
+}
