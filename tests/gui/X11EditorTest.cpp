@@ -1,0 +1,182 @@
+// The editor in a real X11 window (run under Xvfb by run-with-xvfb.sh): embedding, clicks, screenshot,
+// close and reopen.
+#include "CBitmap.h"
+#include "HostRecorder.h"
+#include "TestEditor.h"
+#include "TestEffect.h"
+#include "TestSurface.h"
+#include "VstTestHost.h"
+#include "X11TestWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <cairo.h>
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <thread>
+
+namespace
+{
+struct X11EditorTest : ::testing::Test
+{
+    X11EditorTest()
+        : parent(302, 250), effect(new TestEffect(HostRecorder::callback)), host(effect->getAeffect())
+    {
+        HostRecorder::clear();
+    }
+
+    void SetUp() override { ASSERT_TRUE(parent.isOpen()) << "no X display"; }
+
+    // Idles the editor as a host does (about every 10 ms) until done() or the time is up.
+    bool idleUntil(const std::function<bool()>& done,
+                   std::chrono::milliseconds limit = std::chrono::seconds(3))
+    {
+        const auto end = std::chrono::steady_clock::now() + limit;
+        while (std::chrono::steady_clock::now() < end)
+        {
+            host.idleEditor();
+            if (done()) return true;
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        return false;
+    }
+    void idleFor(std::chrono::milliseconds time)
+    {
+        idleUntil([] { return false; }, time);
+    }
+    bool editorShown()
+    {
+        const auto children = parent.children();
+        return children.size() == 1 && children[0].mapped;
+    }
+
+    X11TestWindow parent;
+    TestEffect* effect;
+    VstTestHost host;
+};
+} // namespace
+
+TEST_F(X11EditorTest, EditorOpensInsideTheParentAtExactlyItsRectangle)
+{
+    const ERect* rect = host.getEditorRect();
+    ASSERT_NE(rect, nullptr);
+    EXPECT_EQ(rect->right - rect->left, 302);
+    EXPECT_EQ(rect->bottom - rect->top, 250);
+    const auto start = std::chrono::steady_clock::now();
+    ASSERT_TRUE(host.openEditor(parent.getWindow()));
+    const double openMs =
+        std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+    ASSERT_TRUE(idleUntil([&] { return editorShown(); }));
+    const auto child = parent.children().at(0);
+    EXPECT_EQ(child.x, 0);
+    EXPECT_EQ(child.y, 0);
+    EXPECT_EQ(child.width, 302);
+    EXPECT_EQ(child.height, 250);
+    RecordProperty("openMilliseconds", std::to_string(openMs));
+    host.closeEditor();
+}
+
+TEST_F(X11EditorTest, ClickOnTheButtonSetsItsParameterThroughTheHost)
+{
+    ASSERT_TRUE(host.openEditor(parent.getWindow()));
+    ASSERT_TRUE(idleUntil([&] { return editorShown(); }));
+    idleFor(std::chrono::milliseconds(100));
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 80 160 click 1"));
+    EXPECT_TRUE(idleUntil([&] { return effect->getParameter(1) == 1.0f; }));
+    const auto opcodes = HostRecorder::opcodes();
+    EXPECT_EQ(opcodes,
+              (std::vector<VstInt32>{audioMasterBeginEdit, audioMasterAutomate, audioMasterEndEdit}));
+    host.closeEditor();
+}
+
+TEST_F(X11EditorTest, SliderDragIsOneGestureForTheHost)
+{
+    ASSERT_TRUE(host.openEditor(parent.getWindow()));
+    ASSERT_TRUE(idleUntil([&] { return editorShown(); }));
+    idleFor(std::chrono::milliseconds(100));
+    const int y = TestEditor::kSliderTop + 8;
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 70 " + std::to_string(y) + " mousedown 1 mousemove 100 " +
+                                       std::to_string(y) + " mousemove 151 " + std::to_string(y) +
+                                       " mouseup 1"));
+    EXPECT_TRUE(idleUntil(
+        [&]
+        {
+            return !HostRecorder::requests().empty() &&
+                   HostRecorder::requests().back().opcode == audioMasterEndEdit;
+        }));
+    EXPECT_NEAR(effect->getParameter(0), 0.5f, 1e-6);
+    const auto opcodes = HostRecorder::opcodes();
+    ASSERT_GE(opcodes.size(), 3u);
+    EXPECT_EQ(opcodes.front(), audioMasterBeginEdit);
+    EXPECT_EQ(opcodes.back(), audioMasterEndEdit);
+    for (size_t i = 1; i + 1 < opcodes.size(); ++i)
+        EXPECT_EQ(opcodes[i], audioMasterAutomate);
+    host.closeEditor();
+}
+
+TEST_F(X11EditorTest, WheelOverTheSliderMovesIt)
+{
+    ASSERT_TRUE(host.openEditor(parent.getWindow()));
+    ASSERT_TRUE(idleUntil([&] { return editorShown(); }));
+    idleFor(std::chrono::milliseconds(100));
+    // Button 4 is the wheel turned up.
+    ASSERT_TRUE(
+        X11TestWindow::xdotool("mousemove 150 " + std::to_string(TestEditor::kSliderTop + 8) + " click 4"));
+    EXPECT_TRUE(idleUntil([&] { return effect->getParameter(0) > 0.0f; }));
+    EXPECT_NEAR(effect->getParameter(0), 0.1f, 1e-6);
+    host.closeEditor();
+}
+
+TEST_F(X11EditorTest, ScreenshotShowsTheBackgroundAndTheControls)
+{
+    effect->setParameter(0, 0.75f);
+    effect->setParameter(1, 1.0f);
+    ASSERT_TRUE(host.openEditor(parent.getWindow()));
+    ASSERT_TRUE(idleUntil([&] { return editorShown(); }));
+    idleFor(std::chrono::milliseconds(300));
+    const std::string path = (std::filesystem::current_path() / "editor-screenshot.png").string();
+    ASSERT_TRUE(parent.screenshot(path));
+    host.closeEditor();
+
+    cairo_surface_t* shot = cairo_image_surface_create_from_png(path.c_str());
+    ASSERT_EQ(cairo_surface_status(shot), CAIRO_STATUS_SUCCESS);
+    EXPECT_EQ(cairo_image_surface_get_width(shot), 302);
+    EXPECT_EQ(cairo_image_surface_get_height(shot), 250);
+    auto* background = new CBitmap(128);
+    auto* button = new CBitmap(137);
+    // The wordmark area is pure background; the "on" button shows the lower half of its bitmap.
+    for (const auto& [x, y] : {std::pair{150, 195}, std::pair{5, 100}, std::pair{290, 240}})
+        EXPECT_EQ(TestSurface::pixelOf(shot, x, y), TestSurface::pixelOf(background->getSurface(), x, y))
+            << "at " << x << "," << y;
+    EXPECT_EQ(TestSurface::pixelOf(shot, TestEditor::kButtonLeft + 7, TestEditor::kButtonTop + 9),
+              TestSurface::pixelOf(button->getSurface(), 7, 18 + 9));
+    background->forget();
+    button->forget();
+    cairo_surface_destroy(shot);
+}
+
+TEST_F(X11EditorTest, ClosesAndReopensFiveTimesLeavingNothingBehind)
+{
+    auto countFds = []
+    {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
+                             std::filesystem::directory_iterator{});
+    };
+    // The first open loads fonts and caches once; count from after it.
+    ASSERT_TRUE(host.openEditor(parent.getWindow()));
+    ASSERT_TRUE(idleUntil([&] { return editorShown(); }));
+    host.closeEditor();
+    const auto fdsBefore = countFds();
+    for (int round = 0; round < 5; ++round)
+    {
+        ASSERT_TRUE(host.openEditor(parent.getWindow())) << "round " << round;
+        ASSERT_TRUE(idleUntil([&] { return editorShown(); })) << "round " << round;
+        idleFor(std::chrono::milliseconds(30));
+        host.closeEditor();
+        EXPECT_TRUE(parent.children().empty()) << "round " << round;
+    }
+    EXPECT_EQ(countFds(), fdsBefore);
+    auto* editor = static_cast<TestEditor*>(effect->getEditor());
+    EXPECT_EQ(editor->getOpenCount(), 6);
+}
