@@ -158,6 +158,7 @@ struct PlatformWindow::Impl
 
     void readCrossings()
     {
+        bool focusLeft = false;
         while (watch && XPending(watch) > 0)
         {
             XEvent event;
@@ -165,6 +166,15 @@ struct PlatformWindow::Impl
             if (event.type == LeaveNotify && event.xcrossing.detail != NotifyInferior)
                 listener->onPlatformPointerLeft();
             else if (event.type == FocusOut && event.xfocus.detail != NotifyInferior)
+                focusLeft = true;
+        }
+        // Taking the focus from the pointer-root also sends a FocusOut: only a focus now elsewhere counts.
+        if (focusLeft)
+        {
+            ::Window focused = None;
+            int revertTo = 0;
+            XGetInputFocus(watch, &focused, &revertTo);
+            if (focused != static_cast<::Window>(window.getNativeWindowHandle()))
                 listener->onPlatformFocusLost();
         }
     }

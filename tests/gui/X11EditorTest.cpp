@@ -1,7 +1,11 @@
 // The editor in a real X11 window (run under Xvfb by run-with-xvfb.sh): embedding, clicks, screenshot,
 // close and reopen.
 #include "CBitmap.h"
+#include "CFrame.h"
+#include "CNewFileSelector.h"
+#include "CPathEntryView.h"
 #include "HostRecorder.h"
+#include "ProbeView.h"
 #include "TestEditor.h"
 #include "TestEffect.h"
 #include "TestSurface.h"
@@ -12,6 +16,7 @@
 
 #include <cairo.h>
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <thread>
@@ -179,4 +184,73 @@ TEST_F(X11EditorTest, ClosesAndReopensFiveTimesLeavingNothingBehind)
     EXPECT_EQ(countFds(), fdsBefore);
     auto* editor = static_cast<TestEditor*>(effect->getEditor());
     EXPECT_EQ(editor->getOpenCount(), 6);
+}
+
+TEST_F(X11EditorTest, TypedTextReachesTheFocusViewAfterAClick)
+{
+    ASSERT_TRUE(host.openEditor(parent.getWindow()));
+    ASSERT_TRUE(idleUntil([&] { return editorShown(); }));
+    CFrame* frame = effect->getEditor() ? static_cast<TestEditor*>(effect->getEditor())->getFrame() : nullptr;
+    ASSERT_NE(frame, nullptr);
+    auto* entry = new CPathEntryView(frame->getViewSize(), "Name", "");
+    entry->remember();
+    ASSERT_TRUE(frame->setModalView(entry));
+    idleFor(std::chrono::milliseconds(100));
+    // The click gives the entry the keyboard (the window asks X for the focus); then keys arrive as text.
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 150 125 click 1"));
+    idleFor(std::chrono::milliseconds(100));
+    EXPECT_EQ(frame->getFocusView(), entry);
+    ASSERT_TRUE(X11TestWindow::xdotool("type --delay 20 'Ab/c'"));
+    ASSERT_TRUE(X11TestWindow::xdotool("key Return"));
+    EXPECT_TRUE(idleUntil([&] { return entry->isFinished(); }));
+    EXPECT_STREQ(entry->getText(), "Ab/c");
+    EXPECT_TRUE(entry->isConfirmed());
+    host.closeEditor();
+    entry->forget();
+}
+
+TEST_F(X11EditorTest, PointerCrossingsMoveTheHover)
+{
+    ASSERT_TRUE(host.openEditor(parent.getWindow()));
+    ASSERT_TRUE(idleUntil([&] { return editorShown(); }));
+    CFrame* frame = static_cast<TestEditor*>(effect->getEditor())->getFrame();
+    auto* probe = new ProbeView(CRect(250, 150, 300, 200), kRedCColor);
+    frame->addView(probe);
+    idleFor(std::chrono::milliseconds(50));
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 270 170"));
+    EXPECT_TRUE(idleUntil([&] { return !probe->events.empty(); }));
+    // Leaving the window (no motion inside it on the way) still ends the hover.
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 500 400"));
+    EXPECT_TRUE(idleUntil([&] { return probe->events.size() >= 2; }));
+    EXPECT_EQ(probe->events, (std::vector<std::string>{"entered", "exited"}));
+    host.closeEditor();
+}
+
+TEST_F(X11EditorTest, SavingWithoutADialogProgramAsksForThePathInTheFrame)
+{
+    ASSERT_TRUE(host.openEditor(parent.getWindow()));
+    ASSERT_TRUE(idleUntil([&] { return editorShown(); }));
+    CFrame* frame = static_cast<TestEditor*>(effect->getEditor())->getFrame();
+    const std::string oldPath = std::getenv("PATH");
+    // The user types while the selector waits; xdotool runs in the background, found before PATH is emptied.
+    ASSERT_EQ(
+        std::system(
+            "(sleep 0.5; xdotool mousemove 150 125 click 1; sleep 0.2; "
+            "xdotool key BackSpace BackSpace BackSpace BackSpace BackSpace; xdotool type --delay 20 'b.zev'; "
+            "xdotool key Return) &"),
+        0);
+    setenv("PATH", "/nonexistent", 1);
+    CNewFileSelector* selector = CNewFileSelector::create(frame, CNewFileSelector::kSelectSaveFile);
+    selector->setTitle("Save Preset");
+    selector->setInitialDirectory("/tmp");
+    selector->setDefaultSaveName("a.zev");
+    const bool chosen = selector->runModal();
+    setenv("PATH", oldPath.c_str(), 1);
+    EXPECT_TRUE(chosen);
+    EXPECT_EQ(selector->getLastRoute(), CNewFileSelector::Route::pathEntry);
+    ASSERT_EQ(selector->getNumSelectedFiles(), 1);
+    EXPECT_STREQ(selector->getSelectedFile(0), "/tmp/b.zev");
+    EXPECT_EQ(frame->getModalView(), nullptr);
+    selector->forget();
+    host.closeEditor();
 }
