@@ -9,6 +9,12 @@ CSplashScreen::CSplashScreen(const CRect& size, CControlListener* listener, int3
 {
 }
 
+CSplashScreen::CSplashScreen(const CSplashScreen& other)
+    : CControl(other), toDisplay(other.toDisplay), offset(other.offset)
+{
+    value = vmin;
+}
+
 void CSplashScreen::draw(CDrawContext*)
 {
     setDirty(false);

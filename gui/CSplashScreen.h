@@ -12,6 +12,8 @@ class CSplashScreen : public CControl
     // first.
     CSplashScreen(const CRect& size, CControlListener* listener, int32_t tag, CBitmap* background,
                   const CRect& toDisplay, const CPoint& offset = CPoint(0, 0));
+    // A copy shows no splash of its own.
+    CSplashScreen(const CSplashScreen& other);
 
     // The click area itself draws nothing.
     void draw(CDrawContext* context) override;

@@ -100,6 +100,20 @@ void sliderTrack(cairo_t* cr, double left, double right, double top)
     }
 }
 
+// A one-pixel engraved line across the panel: dark with a light line below.
+void hairline(cairo_t* cr, double y)
+{
+    cairo_set_line_width(cr, 1);
+    setColor(cr, kEdgeDark, 0.8);
+    cairo_move_to(cr, 6, y);
+    cairo_line_to(cr, 296, y);
+    cairo_stroke(cr);
+    setColor(cr, kEdgeLight, 0.35);
+    cairo_move_to(cr, 6, y + 1);
+    cairo_line_to(cr, 296, y + 1);
+    cairo_stroke(cr);
+}
+
 bool write(cairo_surface_t* surface, const std::string& directory, int number)
 {
     char name[32];
@@ -132,10 +146,24 @@ cairo_surface_t* background()
     cairo_line_to(cr, 301, 1.5);
     cairo_stroke(cr);
 
-    // Header.
-    text(cr, "ZEV", 8, 15, 10, kAccent, true);
-    text(cr, "SPATARA", 33, 15, 10, rgb(222, 226, 232), true);
+    // A faint grain keeps the large dark areas from looking flat (fixed seed: the same picture every time).
+    unsigned seed = 12345;
+    for (int y = 2; y < 249; ++y)
+        for (int x = 1; x < 301; ++x)
+        {
+            seed = seed * 1103515245u + 12345u;
+            if ((seed >> 16) % 7 == 0)
+            {
+                setColor(cr, (seed >> 8) & 1 ? kEdgeLight : kEdgeDark, 0.05);
+                cairo_rectangle(cr, x, y, 1, 1);
+                cairo_fill(cr);
+            }
+        }
+
+    // Header: the product on the left, what it does on the right.
+    text(cr, "SPATARA", 8, 15, 10, rgb(222, 226, 232), true);
     text(cr, "stereo enhancer", 294, 15, 9, kLabel, false, 1.0);
+    hairline(cr, 20.5);
 
     // Balance meter row: captions left and right, the meter's well between (182 × 10 at 60, 25).
     plate(cr, 14, 25, 30, 15);
@@ -151,13 +179,18 @@ cairo_surface_t* background()
         plate(cr, 256, top + 3, 42, 17);
     }
 
-    // The about area (70..225 × 184..204) carries the wordmark.
-    setColor(cr, kEdgeLight, 0.5);
-    cairo_move_to(cr, 70, 180.5);
-    cairo_line_to(cr, 232, 180.5);
+    hairline(cr, 144.5);
+
+    // The about area (70..225 × 184..204) carries the maker's mark: a ring and the name.
+    hairline(cr, 178.5);
+    cairo_set_line_width(cr, 2);
+    setColor(cr, kAccent);
+    cairo_arc(cr, 124, 194, 5.5, 0, 2 * M_PI);
     cairo_stroke(cr);
-    text(cr, "ZEV", 112, 199, 13, kAccent, true);
-    text(cr, "SPATARA", 145, 199, 13, rgb(222, 226, 232), true);
+    cairo_arc(cr, 124, 194, 1.8, 0, 2 * M_PI);
+    cairo_fill(cr);
+    text(cr, "ZEV", 135, 199, 13, rgb(222, 226, 232), true);
+    text(cr, "audio", 168, 199, 11, kLabel);
 
     // Preset panel at the foot: a recessed strip with the name field's plate.
     well(cr, 4, 211, 294, 35, 3, rgb(20, 22, 25));

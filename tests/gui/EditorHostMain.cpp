@@ -13,13 +13,25 @@
 
 namespace
 {
-bool idleUntilShown(VstTestHost& host, X11TestWindow& parent, const ERect& rect, double seconds)
+using Clock = std::chrono::steady_clock;
+
+double millisecondsSince(Clock::time_point start)
 {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::duration<double>(seconds);
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+// Idles the editor for the given time; answers whether it showed at the rectangle. Adds up the idle calls.
+bool idleUntilShown(VstTestHost& host, X11TestWindow& parent, const ERect& rect, double seconds,
+                    double& idleMs, int& idles)
+{
+    const auto end = Clock::now() + std::chrono::duration<double>(seconds);
     bool shown = false;
-    while (std::chrono::steady_clock::now() < end)
+    while (Clock::now() < end)
     {
+        const auto start = Clock::now();
         host.idleEditor();
+        idleMs += millisecondsSince(start);
+        ++idles;
         const auto children = parent.children();
         shown = children.size() == 1 && children[0].mapped && children[0].width == rect.right - rect.left &&
                 children[0].height == rect.bottom - rect.top;
@@ -75,9 +87,14 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "no X display\n");
         return 1;
     }
+    double openMs = 0.0, idleMs = 0.0;
+    int idles = 0;
     for (int round = 0; round <= reopen; ++round)
     {
-        if (!host->openEditor(parent.getWindow()) || !idleUntilShown(*host, parent, rect, seconds))
+        const auto start = Clock::now();
+        const bool opened = host->openEditor(parent.getWindow());
+        openMs += millisecondsSince(start);
+        if (!opened || !idleUntilShown(*host, parent, rect, seconds, idleMs, idles))
         {
             std::fprintf(stderr, "the editor did not open at %dx%d (round %d)\n", rect.right - rect.left,
                          rect.bottom - rect.top, round);
@@ -92,7 +109,8 @@ int main(int argc, char** argv)
             return 1;
         }
     }
-    std::printf("editor %dx%d opened %d time(s)\n", rect.right - rect.left, rect.bottom - rect.top,
-                reopen + 1);
+    std::printf("editor %dx%d opened %d time(s); open %.2f ms, idle %.3f ms on average\n",
+                rect.right - rect.left, rect.bottom - rect.top, reopen + 1, openMs / (reopen + 1),
+                idles ? idleMs / idles : 0.0);
     return 0;
 }
