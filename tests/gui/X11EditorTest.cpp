@@ -254,3 +254,31 @@ TEST_F(X11EditorTest, SavingWithoutADialogProgramAsksForThePathInTheFrame)
     selector->forget();
     host.closeEditor();
 }
+
+TEST_F(X11EditorTest, OpeningWithoutADialogProgramUsesTheBuiltInBrowser)
+{
+    ASSERT_TRUE(host.openEditor(parent.getWindow()));
+    ASSERT_TRUE(idleUntil([&] { return editorShown(); }));
+    CFrame* frame = static_cast<TestEditor*>(effect->getEditor())->getFrame();
+    const std::string oldPath = std::getenv("PATH");
+    // The browser is a window of its own titled as asked (its id goes to a file); Escape cancels it.
+    const std::string found = (std::filesystem::current_path() / "browser-window-id").string();
+    std::filesystem::remove(found);
+    ASSERT_EQ(
+        std::system(("(timeout 10 xdotool search --sync --name 'Open Test Preset' > '" + found +
+                     "'; xdotool windowfocus --sync $(cat '" + found + "') key Escape) >/dev/null 2>&1 &")
+                        .c_str()),
+        0);
+    setenv("PATH", "/nonexistent", 1);
+    CNewFileSelector* selector = CNewFileSelector::create(frame, CNewFileSelector::kSelectFile);
+    selector->setTitle("Open Test Preset");
+    selector->setInitialDirectory("/tmp");
+    const bool chosen = selector->runModal();
+    setenv("PATH", oldPath.c_str(), 1);
+    EXPECT_FALSE(chosen);
+    EXPECT_EQ(selector->getLastRoute(), CNewFileSelector::Route::builtInBrowser);
+    EXPECT_EQ(selector->getNumSelectedFiles(), 0);
+    EXPECT_GT(std::filesystem::file_size(found), 0u) << "the browser window never appeared";
+    selector->forget();
+    host.closeEditor();
+}
