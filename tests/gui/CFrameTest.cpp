@@ -154,7 +154,9 @@ TEST_F(FrameFixture, ModalViewTakesThePressesOnItAndOnlyThose)
     auto* modal = new ProbeView(CRect(0, 0, 30, 30), kGreenCColor);
     EXPECT_TRUE(frame->setModalView(modal));
     EXPECT_TRUE(frame->isChild(modal));
-    EXPECT_FALSE(frame->setModalView(new ProbeView(CRect(), kGreenCColor))) << "one modal view at a time";
+    auto* second = new ProbeView(CRect(), kGreenCColor);
+    EXPECT_FALSE(frame->setModalView(second)) << "one modal view at a time";
+    second->forget();
     CPoint onModal(20, 20), elsewhere(60, 20);
     frame->onMouseDown(onModal, kLButton);
     frame->onMouseDown(elsewhere, kLButton);
