@@ -195,6 +195,16 @@ cairo_surface_t* background()
     // Preset panel at the foot: a recessed strip with the name field's plate.
     well(cr, 4, 211, 294, 35, 3, rgb(20, 22, 25));
     plate(cr, 89, 222, 114, 16);
+    // The list menu (207..217) is an invisible click area: the background shows its arrow.
+    cairo_move_to(cr, 208.5, 227);
+    cairo_line_to(cr, 215.5, 227);
+    cairo_line_to(cr, 212, 231.5);
+    cairo_close_path(cr);
+    setColor(cr, kLabel);
+    cairo_fill(cr);
+    // Memories: store buttons at x 254, recall buttons at x 279, their letters between.
+    text(cr, "A", 272.5, 226, 9, kLabel, true, 0.5);
+    text(cr, "B", 272.5, 241, 9, kLabel, true, 0.5);
 
     cairo_destroy(cr);
     return surface;
@@ -245,7 +255,7 @@ cairo_surface_t* meter(bool lit)
     return surface;
 }
 
-// 137: the "process" on/off button, two frames of 44 × 18 stacked (off above on).
+// 137 / 138: the "process" and "phase" on/off buttons, two frames of 44 × 18 stacked (off above on).
 cairo_surface_t* onOffButton(const char* label)
 {
     cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 44, 36);
@@ -271,6 +281,185 @@ cairo_surface_t* onOffButton(const char* label)
     cairo_destroy(cr);
     return surface;
 }
+
+// The panel's buttons share one face. A small button face of w × h at y: dark, lighter when hovered,
+// accent-rimmed when pressed.
+void buttonFace(cairo_t* cr, double y, double w, double h, int state)
+{
+    roundedRect(cr, 0.5, y + 0.5, w - 1, h - 1, 2.5);
+    const double lift = state == 1 ? 0.06 : 0.0;
+    cairo_pattern_t* face = cairo_pattern_create_linear(0, y, 0, y + h);
+    cairo_pattern_add_color_stop_rgb(face, 0, 0.27 + lift, 0.29 + lift, 0.33 + lift);
+    cairo_pattern_add_color_stop_rgb(face, 1, 0.17 + lift, 0.18 + lift, 0.21 + lift);
+    if (state == 2)
+    {
+        cairo_pattern_destroy(face);
+        face = cairo_pattern_create_linear(0, y, 0, y + h);
+        cairo_pattern_add_color_stop_rgb(face, 0, 0.13, 0.14, 0.16);
+        cairo_pattern_add_color_stop_rgb(face, 1, 0.20, 0.22, 0.25);
+    }
+    cairo_set_source(cr, face);
+    cairo_fill_preserve(cr);
+    cairo_pattern_destroy(face);
+    setColor(cr, state == 2 ? kAccent : kEdgeDark);
+    cairo_set_line_width(cr, 1);
+    cairo_stroke(cr);
+}
+
+Rgb iconColor(int state)
+{
+    return state == 0 ? kLabel : (state == 1 ? rgb(232, 236, 240) : kAccent);
+}
+
+// 19994 / 19995 / 19996 / 19999 save and store, 19991 / 19992 / 19993 / 19998 load and recall:
+// save (arrow into a tray) or load (arrow out of it), three frames of 12 × 14 (normal, hovered, pressed).
+cairo_surface_t* trayButton(bool save)
+{
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 12, 42);
+    cairo_t* cr = cairo_create(surface);
+    for (int state = 0; state < 3; ++state)
+    {
+        const double y = state * 14;
+        buttonFace(cr, y, 12, 14, state);
+        const Rgb color = iconColor(state);
+        setColor(cr, color);
+        cairo_set_line_width(cr, 1);
+        // The tray.
+        cairo_move_to(cr, 3.5, y + 8);
+        cairo_line_to(cr, 3.5, y + 10.5);
+        cairo_line_to(cr, 8.5, y + 10.5);
+        cairo_line_to(cr, 8.5, y + 8);
+        cairo_stroke(cr);
+        // The arrow: down into the tray to save, up out of it to load.
+        const double tip = save ? y + 8.5 : y + 2.5;
+        const double tail = save ? y + 2.5 : y + 8.5;
+        cairo_move_to(cr, 6, tail);
+        cairo_line_to(cr, 6, tip);
+        cairo_stroke(cr);
+        const double wing = save ? -2.5 : 2.5;
+        cairo_move_to(cr, 3.5, tip + wing);
+        cairo_line_to(cr, 6, tip);
+        cairo_line_to(cr, 8.5, tip + wing);
+        cairo_stroke(cr);
+    }
+    cairo_destroy(cr);
+    return surface;
+}
+
+// 19899 / 19990: a labelled button of w × h in three frames (normal, hovered, pressed): the default-preset
+// and default-bank buttons, which act on a double click.
+cairo_surface_t* labelButton(const char* label, int w, int h)
+{
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, w, h * 3);
+    cairo_t* cr = cairo_create(surface);
+    for (int state = 0; state < 3; ++state)
+    {
+        const double y = state * h;
+        buttonFace(cr, y, w, h, state);
+        text(cr, label, w / 2.0, y + h - 2.5, 7.5, iconColor(state), true, 0.5);
+    }
+    cairo_destroy(cr);
+    return surface;
+}
+
+// 19997: the previous / next rocker, 31 × 14 in five frames: rest, left hovered, right hovered, left pressed,
+// right pressed.
+cairo_surface_t* rocker()
+{
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 31, 70);
+    cairo_t* cr = cairo_create(surface);
+    for (int frame = 0; frame < 5; ++frame)
+    {
+        const double y = frame * 14;
+        buttonFace(cr, y, 31, 14, 0);
+        setColor(cr, kEdgeDark);
+        cairo_move_to(cr, 15.5, y + 2);
+        cairo_line_to(cr, 15.5, y + 12);
+        cairo_stroke(cr);
+        for (int side = 0; side < 2; ++side)
+        {
+            const int state = frame == 1 + side ? 1 : (frame == 3 + side ? 2 : 0);
+            setColor(cr, iconColor(state));
+            const double cx = side == 0 ? 8 : 23;
+            const double dir = side == 0 ? -1 : 1;
+            cairo_move_to(cr, cx + 2.5 * dir, y + 7);
+            cairo_line_to(cr, cx - 2 * dir, y + 3.5);
+            cairo_line_to(cr, cx - 2 * dir, y + 10.5);
+            cairo_close_path(cr);
+            cairo_fill(cr);
+        }
+    }
+    cairo_destroy(cr);
+    return surface;
+}
+
+// 989: the manual button, 16 × 14 in three frames, a question mark.
+cairo_surface_t* manualButton()
+{
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 16, 42);
+    cairo_t* cr = cairo_create(surface);
+    for (int state = 0; state < 3; ++state)
+    {
+        buttonFace(cr, state * 14, 16, 14, state);
+        text(cr, "?", 8, state * 14 + 11, 10, iconColor(state), true, 0.5);
+    }
+    cairo_destroy(cr);
+    return surface;
+}
+
+// 139: the three-state mode button: three frames of 44 × 18, one to three lit dots and the mode's name.
+cairo_surface_t* modeButton()
+{
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 44, 54);
+    cairo_t* cr = cairo_create(surface);
+    static const char* const names[] = {"mode 1", "mode 2", "mode 3"};
+    for (int mode = 0; mode < 3; ++mode)
+    {
+        const double y = mode * 18;
+        buttonFace(cr, y, 44, 18, 0);
+        for (int dot = 0; dot < 3; ++dot)
+        {
+            cairo_arc(cr, 5, y + 4.5 + dot * 4.5, 1.5, 0, 2 * M_PI);
+            setColor(cr, dot == mode ? kAccent : rgb(60, 66, 74));
+            cairo_fill(cr);
+        }
+        text(cr, names[mode], 10, y + 12.5, 8.5, rgb(232, 236, 240));
+    }
+    cairo_destroy(cr);
+    return surface;
+}
+
+// 140: the about screen, 240 × 150, light so the dark lines of text drawn on it read well; the text
+// lies in its top 100 pixels, the maker's mark below.
+cairo_surface_t* aboutScreen()
+{
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 240, 150);
+    cairo_t* cr = cairo_create(surface);
+    roundedRect(cr, 0.5, 0.5, 239, 149, 6);
+    cairo_pattern_t* paper = cairo_pattern_create_linear(0, 0, 0, 150);
+    cairo_pattern_add_color_stop_rgb(paper, 0, 0.93, 0.95, 0.96);
+    cairo_pattern_add_color_stop_rgb(paper, 1, 0.80, 0.85, 0.89);
+    cairo_set_source(cr, paper);
+    cairo_fill_preserve(cr);
+    cairo_pattern_destroy(paper);
+    setColor(cr, kEdgeDark);
+    cairo_set_line_width(cr, 1);
+    cairo_stroke(cr);
+    setColor(cr, rgb(150, 160, 172));
+    cairo_move_to(cr, 30, 110.5);
+    cairo_line_to(cr, 210, 110.5);
+    cairo_stroke(cr);
+    cairo_set_line_width(cr, 2);
+    setColor(cr, rgb(45, 45, 120));
+    cairo_arc(cr, 97, 128, 6, 0, 2 * M_PI);
+    cairo_stroke(cr);
+    cairo_arc(cr, 97, 128, 2, 0, 2 * M_PI);
+    cairo_fill(cr);
+    text(cr, "ZEV", 109, 133.5, 13, rgb(45, 45, 120), true);
+    text(cr, "audio", 142, 133.5, 11, rgb(60, 60, 60));
+    cairo_destroy(cr);
+    return surface;
+}
 } // namespace
 
 int main(int argc, char** argv)
@@ -282,8 +471,26 @@ int main(int argc, char** argv)
         int number;
         cairo_surface_t* surface;
     } bitmaps[] = {
-        {128, background()}, {134, sliderHandle()},         {135, meter(true)},
-        {136, meter(false)}, {137, onOffButton("process")},
+        {128, background()},
+        {134, sliderHandle()},
+        {135, meter(true)},
+        {136, meter(false)},
+        {137, onOffButton("process")},
+        {138, onOffButton("phase")},
+        {139, modeButton()},
+        {140, aboutScreen()},
+        {989, manualButton()},
+        {19899, labelButton("PRESET", 47, 10)},
+        {19990, labelButton("BANK", 37, 10)},
+        {19991, trayButton(false)},
+        {19992, trayButton(false)},
+        {19993, trayButton(false)},
+        {19994, trayButton(true)},
+        {19995, trayButton(true)},
+        {19996, trayButton(true)},
+        {19997, rocker()},
+        {19998, trayButton(false)},
+        {19999, trayButton(true)},
     };
     for (const auto& bitmap : bitmaps)
     {
