@@ -18,16 +18,20 @@ constexpr Rgb rgb(int r, int g, int b)
     return {r / 255.0, g / 255.0, b / 255.0};
 }
 
-// The palette: a dark chassis, pale "display" plates for the black value texts, one cool accent.
-const Rgb kChassisTop = rgb(46, 50, 57);
-const Rgb kChassisBottom = rgb(27, 29, 33);
-const Rgb kEdgeLight = rgb(78, 84, 94);
-const Rgb kEdgeDark = rgb(12, 13, 15);
+// The palette: a light instrument panel, so that the black value texts the editor draws read well
+// anywhere on it; dark graphite for wells, the header and the buttons; one cool accent.
+const Rgb kPanelTop = rgb(228, 231, 234);
+const Rgb kPanelBottom = rgb(196, 201, 207);
+const Rgb kGraphite = rgb(38, 41, 47);
+const Rgb kEdgeLight = rgb(255, 255, 255);
+const Rgb kEdgeDark = rgb(18, 20, 23);
+const Rgb kEngrave = rgb(142, 148, 156);
 const Rgb kPlate = rgb(189, 207, 218);
 const Rgb kPlateShade = rgb(150, 168, 180);
-const Rgb kGroove = rgb(14, 15, 18);
-const Rgb kTick = rgb(92, 99, 110);
+const Rgb kGroove = rgb(24, 26, 30);
+const Rgb kTick = rgb(112, 118, 126);
 const Rgb kLabel = rgb(160, 168, 178);
+const Rgb kInk = rgb(52, 56, 62);
 const Rgb kAccent = rgb(86, 170, 232);
 
 void setColor(cairo_t* cr, const Rgb& c, double alpha = 1.0)
@@ -56,6 +60,21 @@ void text(cairo_t* cr, const char* s, double x, double y, double size, const Rgb
     setColor(cr, c);
     cairo_move_to(cr, std::round(x - align * e.x_advance), y);
     cairo_show_text(cr, s);
+}
+
+// A label centred between left and right, in 8.5 px or smaller until it fits.
+void fittedText(cairo_t* cr, const char* s, double left, double right, double baseline, const Rgb& c)
+{
+    double size = 8.5;
+    cairo_select_font_face(cr, "DejaVu Sans", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
+    cairo_text_extents_t e;
+    for (;; size -= 0.25)
+    {
+        cairo_set_font_size(cr, size);
+        cairo_text_extents(cr, s, &e);
+        if (e.x_advance <= right - left || size <= 6.0) break;
+    }
+    text(cr, s, (left + right) / 2.0, baseline, size, c, false, 0.5);
 }
 
 // A recessed well: darker inside, a light lower edge, a dark upper edge.
@@ -104,11 +123,11 @@ void sliderTrack(cairo_t* cr, double left, double right, double top)
 void hairline(cairo_t* cr, double y)
 {
     cairo_set_line_width(cr, 1);
-    setColor(cr, kEdgeDark, 0.8);
+    setColor(cr, kEngrave);
     cairo_move_to(cr, 6, y);
     cairo_line_to(cr, 296, y);
     cairo_stroke(cr);
-    setColor(cr, kEdgeLight, 0.35);
+    setColor(cr, kEdgeLight, 0.8);
     cairo_move_to(cr, 6, y + 1);
     cairo_line_to(cr, 296, y + 1);
     cairo_stroke(cr);
@@ -124,60 +143,63 @@ bool write(cairo_surface_t* surface, const std::string& directory, int number)
     return ok;
 }
 
-// 128: the editor's background, 302 × 250.
+// 128: the editor's background, 302 × 250. The displays draw it from a point a few pixels below their
+// own top, so the panel stays plain wherever text is shown: nothing there may mark an edge.
 cairo_surface_t* background()
 {
     cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 302, 250);
     cairo_t* cr = cairo_create(surface);
     cairo_pattern_t* body = cairo_pattern_create_linear(0, 0, 0, 250);
-    cairo_pattern_add_color_stop_rgb(body, 0, kChassisTop.r, kChassisTop.g, kChassisTop.b);
-    cairo_pattern_add_color_stop_rgb(body, 1, kChassisBottom.r, kChassisBottom.g, kChassisBottom.b);
+    cairo_pattern_add_color_stop_rgb(body, 0, kPanelTop.r, kPanelTop.g, kPanelTop.b);
+    cairo_pattern_add_color_stop_rgb(body, 1, kPanelBottom.r, kPanelBottom.g, kPanelBottom.b);
     cairo_set_source(cr, body);
     cairo_paint(cr);
     cairo_pattern_destroy(body);
 
-    // Frame: a light top edge and a dark outline.
-    cairo_set_line_width(cr, 1);
-    setColor(cr, kEdgeDark);
-    cairo_rectangle(cr, 0.5, 0.5, 301, 249);
-    cairo_stroke(cr);
-    setColor(cr, kEdgeLight, 0.6);
-    cairo_move_to(cr, 1, 1.5);
-    cairo_line_to(cr, 301, 1.5);
-    cairo_stroke(cr);
-
-    // A faint grain keeps the large dark areas from looking flat (fixed seed: the same picture every time).
+    // A faint grain gives the panel a finish (fixed seed: the same picture every time).
     unsigned seed = 12345;
-    for (int y = 2; y < 249; ++y)
+    for (int y = 21; y < 249; ++y)
         for (int x = 1; x < 301; ++x)
         {
             seed = seed * 1103515245u + 12345u;
-            if ((seed >> 16) % 7 == 0)
+            if ((seed >> 16) % 5 == 0)
             {
-                setColor(cr, (seed >> 8) & 1 ? kEdgeLight : kEdgeDark, 0.05);
+                setColor(cr, (seed >> 8) & 1 ? kEdgeLight : kEdgeDark, 0.035);
                 cairo_rectangle(cr, x, y, 1, 1);
                 cairo_fill(cr);
             }
         }
 
-    // Header: the product on the left, what it does on the right.
-    text(cr, "SPATARA", 8, 15, 10, rgb(222, 226, 232), true);
-    text(cr, "stereo enhancer", 294, 15, 9, kLabel, false, 1.0);
-    hairline(cr, 20.5);
+    // Header: a graphite band with the product on the left and what it does on the right.
+    cairo_rectangle(cr, 0, 0, 302, 20);
+    cairo_pattern_t* band = cairo_pattern_create_linear(0, 0, 0, 20);
+    cairo_pattern_add_color_stop_rgb(band, 0, 0.20, 0.22, 0.25);
+    cairo_pattern_add_color_stop_rgb(band, 1, 0.13, 0.14, 0.16);
+    cairo_set_source(cr, band);
+    cairo_fill(cr);
+    cairo_pattern_destroy(band);
+    text(cr, "SPATARA", 8, 14.5, 10, rgb(232, 236, 240), true);
+    text(cr, "stereo enhancer", 294, 14.5, 9, kLabel, false, 1.0);
+    setColor(cr, kAccent);
+    cairo_rectangle(cr, 0, 20, 302, 1);
+    cairo_fill(cr);
 
-    // Balance meter row: captions left and right, the meter's well between (182 × 10 at 60, 25).
-    plate(cr, 14, 25, 30, 15);
-    plate(cr, 256, 25, 30, 15);
+    // Outline: dark edge, light bevel inside.
+    cairo_set_line_width(cr, 1);
+    setColor(cr, kEdgeDark);
+    cairo_rectangle(cr, 0.5, 0.5, 301, 249);
+    cairo_stroke(cr);
+    setColor(cr, kEdgeLight, 0.7);
+    cairo_move_to(cr, 1.5, 21);
+    cairo_line_to(cr, 1.5, 248.5);
+    cairo_stroke(cr);
+
+    // Balance meter row: the meter's well (182 × 10 at 60, 25) between the captions.
     well(cr, 58, 23, 186, 14, 2, kGroove);
 
-    // Three slider rows, 32 px apart: caption plate, track, value plate.
+    // Three slider rows, 32 px apart; captions and values stand on the plain panel.
     for (int row = 0; row < 3; ++row)
-    {
-        const double top = 51 + 32 * row;
-        plate(cr, 2, top + 3, 42, 17);
-        sliderTrack(cr, 63, 239, top);
-        plate(cr, 256, top + 3, 42, 17);
-    }
+        sliderTrack(cr, 63, 239, 51 + 32 * row);
 
     hairline(cr, 144.5);
 
@@ -189,39 +211,39 @@ cairo_surface_t* background()
     cairo_stroke(cr);
     cairo_arc(cr, 124, 194, 1.8, 0, 2 * M_PI);
     cairo_fill(cr);
-    text(cr, "ZEV", 135, 199, 13, rgb(222, 226, 232), true);
-    text(cr, "audio", 168, 199, 11, kLabel);
+    text(cr, "ZEV", 135, 199, 13, kGraphite, true);
+    text(cr, "audio", 168, 199, 11, kInk);
 
-    // Preset panel at the foot: a recessed strip with the name field's plate.
-    well(cr, 4, 211, 294, 35, 3, rgb(20, 22, 25));
+    // Preset panel at the foot: a recessed strip with the name field's display.
+    well(cr, 4, 211, 294, 35, 3, rgb(176, 182, 189));
     plate(cr, 89, 222, 114, 16);
     // The list menu (207..217) is an invisible click area: the background shows its arrow.
     cairo_move_to(cr, 208.5, 227);
     cairo_line_to(cr, 215.5, 227);
     cairo_line_to(cr, 212, 231.5);
     cairo_close_path(cr);
-    setColor(cr, kLabel);
+    setColor(cr, kGraphite);
     cairo_fill(cr);
     // Memories: store buttons at x 254, recall buttons at x 279, their letters between.
-    text(cr, "A", 272.5, 226, 9, kLabel, true, 0.5);
-    text(cr, "B", 272.5, 241, 9, kLabel, true, 0.5);
+    text(cr, "A", 272.5, 226, 9, kGraphite, true, 0.5);
+    text(cr, "B", 272.5, 241, 9, kGraphite, true, 0.5);
 
     cairo_destroy(cr);
     return surface;
 }
 
-// 134: the slider handle, 14 × 16.
+// 134: the slider handle, 14 × 16: graphite with a light grip line.
 cairo_surface_t* sliderHandle()
 {
     cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 14, 16);
     cairo_t* cr = cairo_create(surface);
     roundedRect(cr, 0.5, 0.5, 13, 15, 2.5);
-    cairo_pattern_t* metal = cairo_pattern_create_linear(0, 0, 0, 16);
-    cairo_pattern_add_color_stop_rgb(metal, 0, 0.86, 0.88, 0.90);
-    cairo_pattern_add_color_stop_rgb(metal, 1, 0.56, 0.59, 0.63);
-    cairo_set_source(cr, metal);
+    cairo_pattern_t* face = cairo_pattern_create_linear(0, 0, 0, 16);
+    cairo_pattern_add_color_stop_rgb(face, 0, 0.36, 0.39, 0.43);
+    cairo_pattern_add_color_stop_rgb(face, 1, 0.14, 0.15, 0.17);
+    cairo_set_source(cr, face);
     cairo_fill_preserve(cr);
-    cairo_pattern_destroy(metal);
+    cairo_pattern_destroy(face);
     setColor(cr, kEdgeDark);
     cairo_set_line_width(cr, 1);
     cairo_stroke(cr);
@@ -276,7 +298,7 @@ cairo_surface_t* onOffButton(const char* label)
         cairo_arc(cr, 7, y + 9, 2.5, 0, 2 * M_PI);
         setColor(cr, on ? kAccent : rgb(60, 66, 74));
         cairo_fill(cr);
-        text(cr, label, 13, y + 12.5, 8.5, on ? rgb(232, 236, 240) : kLabel);
+        fittedText(cr, label, 11, 42, y + 12.5, on ? rgb(232, 236, 240) : kLabel);
     }
     cairo_destroy(cr);
     return surface;
@@ -423,7 +445,7 @@ cairo_surface_t* modeButton()
             setColor(cr, dot == mode ? kAccent : rgb(60, 66, 74));
             cairo_fill(cr);
         }
-        text(cr, names[mode], 10, y + 12.5, 8.5, rgb(232, 236, 240));
+        fittedText(cr, names[mode], 9, 42, y + 12.5, rgb(232, 236, 240));
     }
     cairo_destroy(cr);
     return surface;
