@@ -18,9 +18,13 @@ CFrame::CFrame(const CRect& size, void* systemWindow, VSTGUIEditorInterface* edi
     : CViewContainer(size), editor(editor), bridge(std::make_unique<CFramePlatformBridge>(this))
 {
     if (systemWindow)
+    {
         platformWindow = std::make_unique<PlatformWindow>(reinterpret_cast<uintptr_t>(systemWindow),
                                                           static_cast<int>(size.getWidth()),
                                                           static_cast<int>(size.getHeight()), bridge.get());
+        // Without a display the frame still works, only unseen.
+        if (!platformWindow->isValid()) platformWindow.reset();
+    }
 }
 
 CFrame::~CFrame()

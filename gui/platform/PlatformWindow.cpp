@@ -10,6 +10,7 @@
 
 #include <X11/Xlib.h>
 #include <algorithm>
+#include <optional>
 #include <unistd.h>
 
 namespace dgl = SpataraDGL;
@@ -137,15 +138,20 @@ int ignoreXError(Display*, XErrorEvent*)
 
 struct PlatformWindow::Impl
 {
-    Impl(uintptr_t parent, int width, int height, PlatformWindowListener* listener)
-        : window(app, parent, static_cast<unsigned>(width), static_cast<unsigned>(height)),
-          widget(window, listener), listener(listener)
+    Impl(uintptr_t parent, int width, int height, PlatformWindowListener* listener) : listener(listener)
     {
-        // DGL drops pointer crossings and focus changes: our own connection watches them.
+        // Our own connection watches the crossings and focus changes that DGL drops; without a display
+        // there is no window at all (DGL would not survive it).
         watch = XOpenDisplay(nullptr);
-        if (watch && window.getNativeWindowHandle())
+        if (!watch) return;
+        // A parent that does not exist would end the host through Xlib's error handler: no window then.
+        if (!windowExists(static_cast<::Window>(parent))) return;
+        app.emplace();
+        window.emplace(*app, parent, static_cast<unsigned>(width), static_cast<unsigned>(height));
+        widget.emplace(*window, listener);
+        if (window->getNativeWindowHandle())
         {
-            XSelectInput(watch, static_cast<::Window>(window.getNativeWindowHandle()),
+            XSelectInput(watch, static_cast<::Window>(window->getNativeWindowHandle()),
                          EnterWindowMask | LeaveWindowMask | FocusChangeMask);
             XFlush(watch);
         }
@@ -153,7 +159,22 @@ struct PlatformWindow::Impl
 
     ~Impl()
     {
+        // The widget and the window go before the application they belong to.
+        widget.reset();
+        window.reset();
+        app.reset();
         if (watch) XCloseDisplay(watch);
+    }
+
+    bool windowExists(::Window candidate)
+    {
+        XSync(watch, False);
+        auto* const previousHandler = XSetErrorHandler(ignoreXError);
+        XWindowAttributes attributes;
+        const Status found = XGetWindowAttributes(watch, candidate, &attributes);
+        XSync(watch, False);
+        XSetErrorHandler(previousHandler);
+        return found != 0;
     }
 
     void readCrossings()
@@ -174,15 +195,15 @@ struct PlatformWindow::Impl
             ::Window focused = None;
             int revertTo = 0;
             XGetInputFocus(watch, &focused, &revertTo);
-            if (focused != static_cast<::Window>(window.getNativeWindowHandle()))
+            if (focused != static_cast<::Window>(window->getNativeWindowHandle()))
                 listener->onPlatformFocusLost();
         }
     }
 
-    SpataraApplication app;
-    HostedWindow window;
-    FrameWidget widget;
     PlatformWindowListener* listener;
+    std::optional<SpataraApplication> app;
+    std::optional<HostedWindow> window;
+    std::optional<FrameWidget> widget;
     Display* watch = nullptr;
     ::Window previousFocus = None;
     bool keyboardTaken = false;
@@ -198,38 +219,40 @@ PlatformWindow::~PlatformWindow() = default;
 
 bool PlatformWindow::isValid() const
 {
-    return impl->window.getNativeWindowHandle() != 0;
+    return impl->window && impl->window->getNativeWindowHandle() != 0;
 }
 
 uintptr_t PlatformWindow::getNativeWindowHandle() const
 {
-    return impl->window.getNativeWindowHandle();
+    return impl->window ? impl->window->getNativeWindowHandle() : 0;
 }
 
 void PlatformWindow::idle()
 {
-    impl->app.idle();
+    if (!impl->window) return;
+    impl->app->idle();
     impl->readCrossings();
     PlatformRunLoop::current().fireDueTimers();
 }
 
 void PlatformWindow::invalidRect(int x, int y, int width, int height)
 {
-    if (width <= 0 || height <= 0) return;
-    impl->window.repaint(dgl::Rectangle<uint>(static_cast<uint>(std::max(x, 0)),
-                                              static_cast<uint>(std::max(y, 0)), static_cast<uint>(width),
-                                              static_cast<uint>(height)));
+    if (!impl->window || width <= 0 || height <= 0) return;
+    impl->window->repaint(dgl::Rectangle<uint>(static_cast<uint>(std::max(x, 0)),
+                                               static_cast<uint>(std::max(y, 0)), static_cast<uint>(width),
+                                               static_cast<uint>(height)));
 }
 
 void PlatformWindow::takeKeyboardFocus()
 {
-    if (impl->watch && !impl->keyboardTaken)
+    if (!impl->window) return;
+    if (!impl->keyboardTaken)
     {
         int revertTo = 0;
         XGetInputFocus(impl->watch, &impl->previousFocus, &revertTo);
         impl->keyboardTaken = true;
     }
-    impl->window.focus();
+    impl->window->focus();
 }
 
 void PlatformWindow::restoreKeyboardFocus()
@@ -237,8 +260,8 @@ void PlatformWindow::restoreKeyboardFocus()
     if (!impl->keyboardTaken) return;
     impl->keyboardTaken = false;
     const ::Window previous = impl->previousFocus;
-    if (!impl->watch || previous == None || previous == PointerRoot ||
-        previous == static_cast<::Window>(impl->window.getNativeWindowHandle()))
+    if (previous == None || previous == PointerRoot ||
+        previous == static_cast<::Window>(impl->window->getNativeWindowHandle()))
         return;
     // The window may have gone meanwhile; an X error must not end the host.
     XSync(impl->watch, False);
@@ -250,16 +273,17 @@ void PlatformWindow::restoreKeyboardFocus()
 
 std::optional<std::string> PlatformWindow::runBuiltInOpenDialog(const char* title, const char* startDirectory)
 {
+    if (!impl->window) return std::nullopt;
     dgl::FileBrowserOptions options;
     options.title = title;
     options.startDir = startDirectory;
-    impl->window.fileBrowserDone = false;
-    impl->window.chosenFile.reset();
-    if (!impl->window.openFileBrowser(options)) return std::nullopt;
-    while (!impl->window.fileBrowserDone)
+    impl->window->fileBrowserDone = false;
+    impl->window->chosenFile.reset();
+    if (!impl->window->openFileBrowser(options)) return std::nullopt;
+    while (!impl->window->fileBrowserDone)
     {
-        impl->app.idle();
+        impl->app->idle();
         usleep(20000);
     }
-    return impl->window.chosenFile;
+    return impl->window->chosenFile;
 }

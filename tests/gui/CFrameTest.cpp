@@ -4,6 +4,9 @@
 #include "TestSurface.h"
 
 #include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
 #include <thread>
 
 namespace
@@ -227,4 +230,21 @@ TEST(CFrameClose, CloseFreesEveryView)
     EXPECT_EQ(view->getNbReference(), 1);
     EXPECT_EQ(view->getFrame(), nullptr);
     view->forget();
+}
+
+TEST(CFrameWindow, WithoutADisplayTheFrameWorksUnseen)
+{
+    const char* display = std::getenv("DISPLAY");
+    const std::string saved = display ? display : "";
+    unsetenv("DISPLAY");
+    auto* frame = new CFrame(CRect(0, 0, 50, 50), reinterpret_cast<void*>(0x1234), nullptr);
+    if (!saved.empty()) setenv("DISPLAY", saved.c_str(), 1);
+    EXPECT_EQ(frame->getPlatformWindow(), nullptr);
+    auto* view = new ProbeView(CRect(0, 0, 10, 10), kRedCColor);
+    frame->addView(view);
+    frame->idle();
+    TestSurface surface(50, 50);
+    frame->paint(surface.getContext());
+    EXPECT_EQ(surface.pixel(5, 5), kRedCColor);
+    frame->close();
 }

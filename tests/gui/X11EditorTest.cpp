@@ -282,3 +282,15 @@ TEST_F(X11EditorTest, OpeningWithoutADialogProgramUsesTheBuiltInBrowser)
     selector->forget();
     host.closeEditor();
 }
+
+TEST_F(X11EditorTest, ParentThatDoesNotExistLeavesTheHostRunning)
+{
+    // Xlib's own error handler would end the process: the editor opens unseen instead.
+    ASSERT_TRUE(host.openEditor(0x1234));
+    CFrame* frame = static_cast<TestEditor*>(effect->getEditor())->getFrame();
+    ASSERT_NE(frame, nullptr);
+    EXPECT_EQ(frame->getPlatformWindow(), nullptr);
+    idleFor(std::chrono::milliseconds(30));
+    host.closeEditor();
+    EXPECT_TRUE(parent.children().empty());
+}
