@@ -160,10 +160,20 @@ CMouseEventResult CViewContainer::onMouseUp(CPoint& where, const CButtonState& b
 
 CMouseEventResult CViewContainer::onMouseMoved(CPoint& where, const CButtonState& buttons)
 {
-    if (!mouseDownView) return kMouseEventNotHandled;
-    const CMouseEventResult result = mouseDownView->onMouseMoved(where, buttons);
-    if (result == kMouseEventNotHandled || result == kMouseEventNotImplemented) mouseDownView = nullptr;
-    return result;
+    if (mouseDownView)
+    {
+        const CMouseEventResult result = mouseDownView->onMouseMoved(where, buttons);
+        if (result == kMouseEventNotHandled || result == kMouseEventNotImplemented) mouseDownView = nullptr;
+        return result;
+    }
+    // Without a press the move goes to the view under the pointer, for hover states within a view.
+    for (auto it = children.rbegin(); it != children.rend(); ++it)
+    {
+        CView* view = *it;
+        if (view->isVisible() && view->getMouseEnabled() && view->hitTest(where, buttons))
+            return view->onMouseMoved(where, buttons);
+    }
+    return kMouseEventNotHandled;
 }
 
 bool CViewContainer::onWheel(const CPoint& where, const CMouseWheelAxis& axis, const float& distance,

@@ -34,7 +34,8 @@ class CViewContainer : public CView
     // Repaints every dirty view of the tree.
     virtual bool invalidateDirtyViews();
 
-    // ---- mouse: a press goes to the topmost child under it; moves and the release follow that child
+    // ---- mouse: a press goes to the topmost child under it; moves and the release follow that child;
+    // moves without a press go to the child under the pointer
     CMouseEventResult onMouseDown(CPoint& where, const CButtonState& buttons) override;
     CMouseEventResult onMouseUp(CPoint& where, const CButtonState& buttons) override;
     CMouseEventResult onMouseMoved(CPoint& where, const CButtonState& buttons) override;

@@ -42,6 +42,15 @@ TEST_F(FrameFixture, PressGoesToTheViewUnderItAndMovesAndReleaseFollowIt)
     EXPECT_EQ(left->lastPoint, q);
 }
 
+TEST_F(FrameFixture, MovesWithoutAPressGoToTheViewUnderThePointer)
+{
+    CPoint overRight(60, 20), overNothing(45, 60);
+    EXPECT_EQ(frame->onMouseMoved(overRight, 0), kMouseEventHandled);
+    EXPECT_EQ(frame->onMouseMoved(overNothing, 0), kMouseEventNotHandled);
+    EXPECT_EQ(right->events, std::vector<std::string>{"moved"});
+    EXPECT_TRUE(left->events.empty());
+}
+
 TEST_F(FrameFixture, PressOnNothingIsNotHandled)
 {
     CPoint p(45, 60);
@@ -83,8 +92,8 @@ TEST_F(FrameFixture, HoverEntersAndExitsViewsAsThePointerMoves)
     frame->platformOnMouseMoved(a, 0);
     frame->platformOnMouseMoved(b, 0);
     frame->platformOnMouseMoved(outside, 0);
-    EXPECT_EQ(left->events, (std::vector<std::string>{"entered", "exited"}));
-    EXPECT_EQ(right->events, (std::vector<std::string>{"entered", "exited"}));
+    EXPECT_EQ(left->events, (std::vector<std::string>{"entered", "moved", "exited"}));
+    EXPECT_EQ(right->events, (std::vector<std::string>{"entered", "moved", "exited"}));
     EXPECT_EQ(frame->getMouseOverView(), nullptr);
 }
 
@@ -93,7 +102,7 @@ TEST_F(FrameFixture, PointerLeavingTheWindowExitsTheHoveredView)
     CPoint a(20, 20);
     frame->platformOnMouseMoved(a, 0);
     frame->platformOnMouseExited(a, 0);
-    EXPECT_EQ(left->events, (std::vector<std::string>{"entered", "exited"}));
+    EXPECT_EQ(left->events, (std::vector<std::string>{"entered", "moved", "exited"}));
 }
 
 TEST_F(FrameFixture, SecondQuickPressAtTheSamePlaceIsADoubleClick)

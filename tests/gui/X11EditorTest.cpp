@@ -217,12 +217,19 @@ TEST_F(X11EditorTest, PointerCrossingsMoveTheHover)
     auto* probe = new ProbeView(CRect(250, 150, 300, 200), kRedCColor);
     frame->addView(probe);
     idleFor(std::chrono::milliseconds(50));
+    auto crossings = [probe]
+    {
+        std::vector<std::string> result;
+        for (const auto& event : probe->events)
+            if (event != "moved") result.push_back(event);
+        return result;
+    };
     ASSERT_TRUE(X11TestWindow::xdotool("mousemove 270 170"));
-    EXPECT_TRUE(idleUntil([&] { return !probe->events.empty(); }));
+    EXPECT_TRUE(idleUntil([&] { return !crossings().empty(); }));
     // Leaving the window (no motion inside it on the way) still ends the hover.
     ASSERT_TRUE(X11TestWindow::xdotool("mousemove 500 400"));
-    EXPECT_TRUE(idleUntil([&] { return probe->events.size() >= 2; }));
-    EXPECT_EQ(probe->events, (std::vector<std::string>{"entered", "exited"}));
+    EXPECT_TRUE(idleUntil([&] { return crossings().size() >= 2; }));
+    EXPECT_EQ(crossings(), (std::vector<std::string>{"entered", "exited"}));
     host.closeEditor();
 }
 
