@@ -1,6 +1,7 @@
 // A path typed into the frame: the save dialog of last resort when the desktop has no dialog program.
 #pragma once
 
+#include "CLineEditor.h"
 #include "CView.h"
 
 #include <string>
@@ -18,8 +19,8 @@ class CPathEntryView : public CView
     // Typing edits the path; Return confirms, Escape cancels.
     int32_t onKeyDown(VstKeyCode& keyCode) override;
 
-    const char* getText() const { return text.c_str(); }
-    size_t getCaret() const { return caret; }
+    const char* getText() const { return editor.getText().c_str(); }
+    size_t getCaret() const { return editor.getCaret(); }
     bool isFinished() const { return finished; }
     bool isConfirmed() const { return confirmed; }
     // The panel holding title and field (frame pixels).
@@ -32,13 +33,8 @@ class CPathEntryView : public CView
     CView* newCopy() const override { return nullptr; }
 
   private:
-    void insertCharacter(uint32_t character);
-    void eraseBefore();
-    void eraseAfter();
-
     std::string title;
-    std::string text;
-    size_t caret;
+    CLineEditor editor;
     bool finished = false;
     bool confirmed = false;
 };

@@ -50,29 +50,6 @@ TEST_F(PathEntryTest, EscapeCancels)
     EXPECT_FALSE(entry->isConfirmed());
 }
 
-TEST_F(PathEntryTest, BackspaceDeleteHomeAndEndEdit)
-{
-    press(virtualKey(VKEY_BACK));
-    EXPECT_STREQ(entry->getText(), "/tmp/a.ze");
-    press(virtualKey(VKEY_HOME));
-    press(virtualKey(VKEY_DELETE));
-    EXPECT_STREQ(entry->getText(), "tmp/a.ze");
-    press(virtualKey(VKEY_END));
-    press(character('v'));
-    EXPECT_STREQ(entry->getText(), "tmp/a.zev");
-}
-
-TEST_F(PathEntryTest, NonAsciiCharactersAreStoredAsUtf8AndErasedWhole)
-{
-    press(character(0xE9));
-    EXPECT_STREQ(entry->getText(), "/tmp/a.zev\xC3\xA9");
-    press(virtualKey(VKEY_LEFT));
-    EXPECT_EQ(entry->getCaret(), 10u);
-    press(virtualKey(VKEY_RIGHT));
-    press(virtualKey(VKEY_BACK));
-    EXPECT_STREQ(entry->getText(), "/tmp/a.zev");
-}
-
 TEST_F(PathEntryTest, ClickTakesTheKeyboardFocusOfItsFrame)
 {
     auto* frame = new CFrame(CRect(0, 0, 302, 250), nullptr, nullptr);
