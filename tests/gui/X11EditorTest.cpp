@@ -301,3 +301,25 @@ TEST_F(X11EditorTest, ParentThatDoesNotExistLeavesTheHostRunning)
     host.closeEditor();
     EXPECT_TRUE(parent.children().empty());
 }
+
+TEST_F(X11EditorTest, TwoEditorsLiveSideBySide)
+{
+    X11TestWindow secondParent(302, 250);
+    VstTestHost secondHost((new TestEffect(HostRecorder::callback))->getAeffect());
+    ASSERT_TRUE(host.openEditor(parent.getWindow()));
+    ASSERT_TRUE(secondHost.openEditor(secondParent.getWindow()));
+    ASSERT_TRUE(idleUntil(
+        [&]
+        {
+            secondHost.idleEditor();
+            const auto second = secondParent.children();
+            return editorShown() && second.size() == 1 && second[0].mapped;
+        }));
+    // The first closes; the second keeps working.
+    host.closeEditor();
+    EXPECT_TRUE(parent.children().empty());
+    secondHost.idleEditor();
+    EXPECT_EQ(secondParent.children().size(), 1u);
+    secondHost.closeEditor();
+    EXPECT_TRUE(secondParent.children().empty());
+}
