@@ -45,7 +45,6 @@ class AEffGUIEditor : public AEffEditor, public VSTGUIEditorInterface
   protected:
     // The editor rectangle: at the origin, as large as bitmap (zero when there is none).
     void setRectFromBitmap(const CBitmap* bitmap);
-    bool isInIdle() const { return inIdle; }
 
     ERect rect{};
     CFrame* frame = nullptr;
