@@ -1,0 +1,69 @@
+#include "MyFrame.h"
+
+#include "CDrawContext.h"
+
+MyFrame::MyFrame(const CRect& size, void* systemWindow, VSTGUIEditorInterface* editor)
+    : CFrame(size, systemWindow, editor)
+{
+}
+
+void MyFrame::drawRect(CDrawContext* context, const CRect& updateRect)
+{
+    if (!context || updateRect.getWidth() <= 0 || updateRect.getHeight() <= 0) return;
+    context->remember();
+    CRect oldClip;
+    context->getClipRect(oldClip);
+    CRect newClip = updateRect;
+    newClip.bound(oldClip);
+    context->setClipRect(newClip);
+
+    CFrame::drawRect(context, updateRect);
+    // Drawn after the children, whether or not it is also one of them, so it always lies on top.
+    if (modalView && modalView->getViewSize().touches(updateRect)) modalView->drawRect(context, updateRect);
+
+    context->setClipRect(oldClip);
+    context->forget();
+}
+
+CMouseEventResult MyFrame::onMouseDown(CPoint& where, const CButtonState& buttons)
+{
+    if (modalView) return modalView->onMouseDown(where, buttons);
+    return CFrame::onMouseDown(where, buttons);
+}
+
+CMouseEventResult MyFrame::onMouseUp(CPoint& where, const CButtonState& buttons)
+{
+    if (modalView) return modalView->onMouseUp(where, buttons);
+    return CFrame::onMouseUp(where, buttons);
+}
+
+CMouseEventResult MyFrame::onMouseMoved(CPoint& where, const CButtonState& buttons)
+{
+    if (modalView) return modalView->onMouseMoved(where, buttons);
+    return CFrame::onMouseMoved(where, buttons);
+}
+
+bool MyFrame::onWheel(const CPoint& where, const CMouseWheelAxis& axis, const float& distance,
+                      const CButtonState& buttons)
+{
+    if (modalView) return modalView->onWheel(where, axis, distance, buttons);
+    return CFrame::onWheel(where, axis, distance, buttons);
+}
+
+void MyFrame::idle()
+{
+    // A modal view may animate or change without marking itself: repaint it on every idle.
+    if (modalView) setDirty(true);
+    invalidateDirtyViews();
+}
+
+CMouseEventResult MyFrame::platformOnMouseDown(CPoint& where, const CButtonState& buttons)
+{
+    return CFrame::platformOnMouseDown(where, buttons);
+}
+
+void MyFrame::closeModal()
+{
+    modalView = nullptr;
+    CFrame::invalid();
+}

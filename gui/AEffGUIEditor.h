@@ -1,0 +1,55 @@
+// The editor glue between the host's editor requests and the toolkit: rectangle, frame in the host's
+// window, idle, edit gestures and automation to the effect.
+#pragma once
+
+#include "AEffEditor.h"
+#include "VSTGUIEditorInterface.h"
+
+class CBitmap;
+class CFrame;
+
+class AEffGUIEditor : public AEffEditor, public VSTGUIEditorInterface
+{
+  public:
+    explicit AEffGUIEditor(AudioEffect* effect);
+    ~AEffGUIEditor() override;
+
+    // ---- host requests (host's UI thread)
+    // effEditGetRect: the rectangle set by the subclass (usually from its background bitmap).
+    bool getRect(ERect** rect) override;
+    // effEditOpen: remembers the host's window; a subclass then builds its frame in it and returns true.
+    bool open(void* ptr) override;
+    // effEditClose: closes the frame (with every view in it), if the subclass has not done so already.
+    void close() override;
+    // effEditIdle: the frame's repaints, then the window's events and timers. Never re-entered.
+    void idle() override;
+    bool hasWindow() const override { return true; }
+    bool setKnobMode(VstInt32 mode) override;
+    // effEditKeyDown / effEditKeyUp: to the frame's focus view (or modal view).
+    bool onKeyDown(VstInt32 character, VstInt32 virtualKey, VstInt32 modifiers) override;
+    bool onKeyUp(VstInt32 character, VstInt32 virtualKey, VstInt32 modifiers) override;
+
+    // ---- from the controls (UI thread)
+    // A gesture on the parameter index starts / ends: told to the host through the effect.
+    void beginEdit(int32_t index) override;
+    void endEdit(int32_t index) override;
+    int32_t getKnobMode() const override { return knobMode; }
+    void doIdleStuff() override { idle(); }
+    CFrame* getFrame() const override { return frame; }
+    // Sets the effect's parameter and tells the host, so that it records automation.
+    void setParameterAutomated(VstInt32 index, float value);
+
+    // ---- from the effect: a parameter changed (any of host, preset, editor); subclasses update controls
+    virtual void setParameter(VstInt32 index, float value);
+
+  protected:
+    // The editor rectangle: at the origin, as large as bitmap (zero when there is none).
+    void setRectFromBitmap(const CBitmap* bitmap);
+
+    ERect rect{};
+    CFrame* frame = nullptr;
+
+  private:
+    VstInt32 knobMode = 0;
+    bool inIdle = false;
+};

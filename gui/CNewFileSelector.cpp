@@ -1,0 +1,96 @@
+#include "CNewFileSelector.h"
+
+#include "CFrame.h"
+#include "CPathEntryView.h"
+#include "platform/PlatformFileDialog.h"
+#include "platform/PlatformWindow.h"
+
+#include <unistd.h>
+
+CNewFileSelector* CNewFileSelector::create(CFrame* frame, Style style)
+{
+    return new CNewFileSelector(frame, style);
+}
+
+void CNewFileSelector::setDefaultExtension(const CFileExtension& extension)
+{
+    extensions.insert(extensions.begin(), extension);
+}
+
+const char* CNewFileSelector::getSelectedFile(uint32_t index) const
+{
+    return index < selected.size() ? selected[index].c_str() : nullptr;
+}
+
+bool CNewFileSelector::runModal()
+{
+    selected.clear();
+    PlatformFileDialogRequest request;
+    request.save = style == kSelectSaveFile;
+    request.directory = style == kSelectDirectory;
+    request.title = title;
+    request.initialDirectory = initialDirectory;
+    request.defaultName = defaultSaveName;
+    for (const auto& extension : extensions)
+        request.filters.push_back({extension.getDescription(), extension.getExtension()});
+
+    std::string path;
+    switch (PlatformFileDialog::run(request, path))
+    {
+    case PlatformFileDialog::Outcome::chosen:
+        lastRoute = Route::dialogProgram;
+        selected.push_back(path);
+        return true;
+    case PlatformFileDialog::Outcome::cancelled:
+        lastRoute = Route::dialogProgram;
+        return false;
+    case PlatformFileDialog::Outcome::unavailable:
+        break;
+    }
+    return runFallback();
+}
+
+bool CNewFileSelector::runFallback()
+{
+    PlatformWindow* window = frame ? frame->getPlatformWindow() : nullptr;
+    if (!window)
+    {
+        lastRoute = Route::none;
+        return false;
+    }
+    if (style == kSelectFile)
+    {
+        lastRoute = Route::builtInBrowser;
+        const auto chosen = window->runBuiltInOpenDialog(
+            title.c_str(), initialDirectory.empty() ? nullptr : initialDirectory.c_str());
+        if (chosen) selected.push_back(*chosen);
+        return chosen.has_value();
+    }
+    // Saving (or choosing a folder) without any dialog program: the user types the path into the frame.
+    lastRoute = Route::pathEntry;
+    std::string start = initialDirectory;
+    if (!start.empty() && start.back() != '/') start += '/';
+    start += defaultSaveName;
+    auto* entry = new CPathEntryView(frame->getViewSize(), title.c_str(), start.c_str());
+    if (!frame->setModalView(entry))
+    {
+        entry->forget();
+        return false;
+    }
+    entry->remember();
+    frame->setFocusView(entry);
+    while (!entry->isFinished() && frame->getPlatformWindow())
+    {
+        window->idle();
+        usleep(10000);
+    }
+    if (entry->isConfirmed() && *entry->getText()) selected.push_back(entry->getText());
+    if (frame->getModalView() == entry)
+    {
+        frame->setFocusView(nullptr);
+        frame->setModalView(nullptr);
+        entry->forget();
+    }
+    entry->forget();
+    return !selected.empty();
+}
