@@ -2,14 +2,14 @@
 
 #include "CPresetSystemEffect.h"
 
-CPresetSystemEditor::CPresetSystemEditor(AudioEffect* effect) : AEffEditor(effect) {}
+CPresetSystemEditor::CPresetSystemEditor(AudioEffect* effect) : AEffGUIEditor(effect) {}
 
 CPresetSystemEditor::~CPresetSystemEditor()
 {
     storePathsAndFilenames();
 }
 
-void CPresetSystemEditor::setParameter(long, float) {}
+void CPresetSystemEditor::valueChanged(CControl*) {}
 
 void CPresetSystemEditor::nameChangedExternal(const char*) {}
 

@@ -1,8 +1,10 @@
 // Editor-side base of the preset system. It exists for the whole life of the effect, window or not: the
-// effect reaches the preset and bank images, the defaults and the name hooks through it.
+// effect reaches the preset and bank images, the defaults and the name hooks through it. While its window
+// is open it also carries the preset panel and hears the panel's controls.
 #pragma once
 
-#include "AEffEditor.h"
+#include "AEffGUIEditor.h"
+#include "CControlListener.h"
 #include "PresetImageFormat.h"
 
 #include <cstddef>
@@ -24,15 +26,14 @@ struct FileChoice
     std::string extension;   // "zev" or "zvb"
 };
 
-class CPresetSystemEditor : public AEffEditor
+class CPresetSystemEditor : public AEffGUIEditor, public CControlListener
 {
   public:
     explicit CPresetSystemEditor(AudioEffect* effect);
     ~CPresetSystemEditor() override;
 
-    // ---- hooks the effect calls (any thread for setParameter, UI thread otherwise)
-    // A parameter changed in the effect; the main editor brings its controls up to date.
-    virtual void setParameter(long index, float value);
+    // ---- hooks the effect calls (UI thread)
+    // The effect was switched off; the main editor centres its meter.
     virtual void suspend() {}
     // Loads the user's default bank and preset at construction, then selects preset 0.
     virtual void loadDefaults();
@@ -58,6 +59,12 @@ class CPresetSystemEditor : public AEffEditor
     virtual bool BufferToBankOld(const char* data, std::size_t length, bool swap, int numPresets,
                                  int numValues);
     virtual bool BufferToMidiOld(const char* data, std::size_t length, bool swap, int count);
+
+    // The window belongs to the main editor built on this class; on its own this editor shows none.
+    bool hasWindow() const override { return false; }
+
+    // ---- the panel's controls (UI thread)
+    void valueChanged(CControl* control) override;
 
     // ---- the preset panel; nothing happens while no window is open
     virtual void showPresetName(const char* name);
