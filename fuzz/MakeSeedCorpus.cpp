@@ -46,7 +46,7 @@ int main(int argc, char** argv)
         return 2;
     }
     const std::filesystem::path dir = argv[1];
-    for (const char* target : {"chunk", "preset", "bank", "midi"})
+    for (const char* target : {"chunk", "preset", "bank", "midi", "stored"})
         std::filesystem::create_directories(dir / target);
 
     Spatara& effect = fuzzEffect();
@@ -82,5 +82,14 @@ int main(int argc, char** argv)
     write(dir / "midi/swapped", withSelector(1, reversedImage(midi)));
     Bytes oldMidi(24, 0);
     write(dir / "midi/old", withSelector(2, oldMidi));
+    // Whole images as files, defaults and memories hold them; the first byte asks for the reversed load.
+    write(dir / "stored/preset", withSelector(0, preset));
+    write(dir / "stored/bank-swapped", withSelector(0, reversedImage(bank)));
+    Bytes oldPresetFile(5, 0x21);
+    putInt32(oldPresetFile, 0, CCONST('Q', 'w', 's', 'n'));
+    const Bytes oldRecord = oldRecords(1, 6);
+    oldPresetFile.insert(oldPresetFile.end(), oldRecord.begin(), oldRecord.end());
+    write(dir / "stored/old-preset", withSelector(0, oldPresetFile));
+    write(dir / "stored/preset-reversed-load", withSelector(1, preset));
     return 0;
 }
