@@ -75,8 +75,10 @@ std::vector<std::string> PlatformFileDialog::commandLine(Program program,
         {
             std::string filters;
             for (const auto& filter : request.filters)
-                filters +=
-                    (filters.empty() ? "" : "\n") + ("*." + filter.extension + "|" + filter.description);
+            {
+                if (!filters.empty()) filters += '\n';
+                filters += "*." + filter.extension + "|" + filter.description;
+            }
             args.push_back(filters);
         }
     }

@@ -44,7 +44,11 @@ std::string flagNames(VstInt32 flags)
                                  {effFlagsCanDoubleReplacing, "double-replacing"}};
     std::string text;
     for (const Flag& flag : known)
-        if (flags & flag.bit) text += (text.empty() ? "" : " ") + std::string(flag.name);
+        if (flags & flag.bit)
+        {
+            if (!text.empty()) text += ' ';
+            text += flag.name;
+        }
     return text.empty() ? "none" : text;
 }
 } // namespace
