@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <vector>
 
 inline VstIntPtr fuzzHost(AEffect*, VstInt32 opcode, VstInt32, VstIntPtr, void*, float)
 {
@@ -27,11 +28,28 @@ inline void checkTableInvariants(Spatara& effect)
     if (effect.getPresetNo() < 0 || effect.getPresetNo() >= kNumPresets) std::abort();
 }
 
-// The header at the front of data, in native order; false when data is too short to hold one.
-inline bool takeHeader(const std::uint8_t* data, std::size_t size, bool swap, newpresetheader& header)
+// Feeds one fuzz input to an image reader pair: the first byte picks old or new layout and the byte order,
+// the rest is the image (a new one starts with its header).
+template <typename ReadOld, typename ReadNew>
+int feedImage(const std::uint8_t* data, std::size_t size, ReadOld readOld, ReadNew readNew)
 {
-    if (size < sizeof(newpresetheader)) return false;
-    std::memcpy(&header, data, sizeof(header));
-    if (swap) byteSwapHeader(&header);
-    return true;
+    if (size < 1) return 0;
+    Spatara& effect = fuzzEffect();
+    const bool swap = data[0] & 1;
+    // A copy of exactly the given length, so that the sanitizer sees any read past it.
+    std::vector<char> image(data + 1, data + size);
+    if (data[0] & 2)
+    {
+        readOld(*effect.presetEditor(), image, swap);
+    }
+    else if (image.size() >= sizeof(newpresetheader))
+    {
+        newpresetheader header;
+        std::memcpy(&header, image.data(), sizeof(header));
+        if (swap) byteSwapHeader(&header);
+        readNew(*effect.presetEditor(), image.data() + sizeof(header), image.size() - sizeof(header), header,
+                swap);
+    }
+    checkTableInvariants(effect);
+    return 0;
 }

@@ -1,27 +1,12 @@
-// MIDI-map images, new and old, in either byte order. The first byte picks the reader and the byte order.
+// MIDI-map images, new and old, in either byte order.
 #include "FuzzEffect.h"
-
-#include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    if (size < 1) return 0;
-    Spatara& effect = fuzzEffect();
-    const bool swap = data[0] & 1;
-    const bool old = data[0] & 2;
-    std::vector<char> image(data + 1, data + size);
-    if (old)
-    {
-        effect.presetEditor()->BufferToMidiOld(image.data(), image.size(), swap,
-                                               static_cast<int>(image.size() / 4));
-    }
-    else
-    {
-        newpresetheader header;
-        if (takeHeader(reinterpret_cast<const std::uint8_t*>(image.data()), image.size(), swap, header))
-            effect.presetEditor()->BufferToMidi(image.data() + sizeof(header), image.size() - sizeof(header),
-                                                &header, swap);
-    }
-    checkTableInvariants(effect);
-    return 0;
+    return feedImage(
+        data, size,
+        [](CPresetSystemEditor& editor, std::vector<char>& image, bool swap)
+        { editor.BufferToMidiOld(image.data(), image.size(), swap, static_cast<int>(image.size() / 4)); },
+        [](CPresetSystemEditor& editor, const char* chunks, std::size_t length, newpresetheader& header,
+           bool swap) { editor.BufferToMidi(chunks, length, &header, swap); });
 }

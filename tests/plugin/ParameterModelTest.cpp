@@ -1,6 +1,6 @@
 #include "ParameterText.h"
-#include "RecordingHost.h"
 #include "Spatara.h"
+#include "SpataraFixture.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -8,19 +8,7 @@
 
 namespace
 {
-class ParameterModel : public ::testing::Test
-{
-  protected:
-    std::string display(VstInt32 index)
-    {
-        char text[64] = {};
-        effect.getParameterDisplay(index, text);
-        return text;
-    }
-
-    RecordingHost host;
-    Spatara effect{host.callback()};
-};
+using ParameterModel = SpataraFixture;
 
 std::string text(float value, int decimals)
 {
