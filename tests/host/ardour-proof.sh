@@ -7,7 +7,8 @@
 #      take played in real time through the plug-in matches it within a stated tolerance;
 #   c. the saved session carries the plug-in's chunk (the whole bank) byte for byte as the plug-in writes
 #      it, and a second Ardour run reopens the session with the same parameters, the same bank and the
-#      same audio.
+#      same audio;
+#   d. a bank whose current preset is another one, put into the session file, reopens on that preset.
 # Usage: ardour-proof.sh PATH/Spatara.so PATH/spatara-render
 # Exits 0 when everything holds, 1 with a message on the first failure, 77 when Ardour is not installed.
 # The work folder (sessions, logs, audio) is removed after a pass unless ARDOUR_PROOF_KEEP=1.
@@ -24,6 +25,9 @@ readonly ARDOUR_TIMEOUT=120
 # The values of the factory preset "room space 3", set one by one through the host.
 readonly PARAMETERS=(depth=0.75 baseFreq=0.25 wdth/emph=0.25 process=1 phase=0 mode=1.0)
 readonly VALUES="0.75,0.25,0.25,1,0,1"
+# A preset the host cannot select (it sees one program): "enhanced space 1", in another mode.
+readonly OTHER_PRESET=5
+readonly OTHER_VALUES="0.75,0.25,0.5,1,0,0.5"
 
 fail() {
     echo "FAIL: $*" >&2
@@ -158,7 +162,7 @@ sed -n '/^programs:/,$p' "$work/info.txt" | sed -n 's/^ *[0-9][0-9]* //p' > "$wo
 tool check-chunk "$work/ardour.chunk" --unique-id "$UNIQUE_ID" --size "$CHUNK_SIZE" --current 0 \
     --values "$VALUES" --names "$work/names.txt"
 
-run_ardour "$work/session2.log" "$here/reopen-and-bounce.lua" "$work/session" "$UNIQUE_ID_DECIMAL"
+run_ardour "$work/session2.log" "$here/reopen-and-bounce.lua" "$work/session" "$UNIQUE_ID_DECIMAL" reopened
 reopened_values="$(proof_line "$work/session2.log" reopened | awk '{printf "%s%s", sep, $5; sep=","}')"
 echo "  parameters Ardour finds after reopening: $reopened_values"
 [ "$reopened_values" = "$VALUES" ] || fail "the reopened session holds $reopened_values, expected $VALUES"
@@ -172,5 +176,26 @@ echo "  ok: saved again after reopening, the chunk is byte for byte the one save
     fail "spatara-render refused the chunk Ardour saved"
 cmp "$work/reopened.chunk" "$work/roundtrip.chunk" || fail "the plug-in does not read back Ardour's chunk"
 echo "  ok: the plug-in restores Ardour's chunk and writes it back unchanged"
+
+step "d. a bank with another current preset reaches the plug-in through the session file"
+# What Ardour saves after the user picks a preset in the plug-in's own panel: the chunk changes, the
+# rest of Ardour's state does not (the panel is out of reach headless, so the chunk is put in by hand).
+"$render" --info "$plugin" --preset "$OTHER_PRESET" --chunk-out "$work/other.chunk" > /dev/null ||
+    fail "spatara-render could not write the chunk of preset $OTHER_PRESET"
+tool check-chunk "$work/other.chunk" --unique-id "$UNIQUE_ID" --size "$CHUNK_SIZE" --current "$OTHER_PRESET" \
+    --values "$OTHER_VALUES" --names "$work/names.txt"
+tool put-chunk "$work/session/proof.ardour" "$work/other.chunk" --unique-id "$UNIQUE_ID"
+run_ardour "$work/session3.log" "$here/reopen-and-bounce.lua" "$work/session" "$UNIQUE_ID_DECIMAL" other
+other_values="$(proof_line "$work/session3.log" reopened | awk '{printf "%s%s", sep, $5; sep=","}')"
+echo "  parameters Ardour finds after reopening: $other_values"
+[ "$other_values" = "$OTHER_VALUES" ] || fail "Ardour reopened the plug-in on $other_values, expected $OTHER_VALUES"
+"$render" "$plugin" "$work/take.wav" "$work/other-reference.wav" --preset "$OTHER_PRESET" > /dev/null ||
+    fail "spatara-render could not render preset $OTHER_PRESET"
+stereo "$work/session3.log" bounced "$work/other.wav"
+tool compare "$work/other-reference.wav" "$work/other.wav" --label "bounce on preset $OTHER_PRESET" \
+    --expect-offset 0 --max-abs 0 --max-relative 0
+tool session-chunk "$work/session/other.ardour" "$work/other-saved.chunk" --unique-id "$UNIQUE_ID"
+cmp "$work/other.chunk" "$work/other-saved.chunk" || fail "Ardour saved a different bank than it was given"
+echo "  ok: saved again, the chunk is byte for byte the one put in"
 
 echo "PASS: Ardour $(ardour7-lua --version 2>&1 | head -n 1 | awk '{print $NF}') scans, runs, saves and reopens $NAME"

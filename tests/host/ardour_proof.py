@@ -193,22 +193,36 @@ def check_changed(args):
 # ---- chunk and bank ---------------------------------------------------------------------------------------
 
 
-def session_chunk(args):
-    """The plug-in's chunk as Ardour keeps it in the session file: base64 text in <lxvst><chunk>."""
-    root = ElementTree.parse(args.session).getroot()
-    found = [p for p in root.iter("Processor") if p.get("type") == "lxvst" and
-             p.get("unique-id") == str(four_cc(args.unique_id))]
+def plugin_chunk_element(tree, session, unique_id):
+    """The <lxvst><chunk> element of the plug-in's one processor; Ardour keeps the chunk there in base64."""
+    found = [p for p in tree.getroot().iter("Processor") if p.get("type") == "lxvst" and
+             p.get("unique-id") == str(four_cc(unique_id))]
     if len(found) != 1:
-        fail(f"{args.session}: expected one processor of the plug-in, found {len(found)}")
+        fail(f"{session}: expected one processor of the plug-in, found {len(found)}")
     chunk = found[0].find("lxvst/chunk")
     if chunk is None or not (chunk.text or "").strip():
-        fail(f"{args.session}: the plug-in's processor carries no chunk")
+        fail(f"{session}: the plug-in's processor carries no chunk")
+    return found[0], chunk
+
+
+def session_chunk(args):
+    processor, chunk = plugin_chunk_element(ElementTree.parse(args.session), args.session, args.unique_id)
     data = base64.b64decode(chunk.text)
     with open(args.out, "wb") as f:
         f.write(data)
-    controls = {c.get("name"): c.get("value") for c in found[0].findall("Controllable")}
+    controls = {c.get("name"): c.get("value") for c in processor.findall("Controllable")}
     print(f"  session file: chunk of {len(data)} bytes (base64 in <lxvst><chunk>), parameter values "
           + ", ".join(f"{k}={v}" for k, v in controls.items()))
+
+
+def put_chunk(args):
+    """Replaces the plug-in's chunk in a session file, leaving the rest of Ardour's state as it was."""
+    tree = ElementTree.parse(args.session)
+    _, chunk = plugin_chunk_element(tree, args.session, args.unique_id)
+    with open(args.chunk, "rb") as f:
+        chunk.text = base64.b64encode(f.read()).decode("ascii")
+    tree.write(args.session, encoding="UTF-8", xml_declaration=True)
+    print(f"  {args.chunk} put into {args.session} in place of Ardour's chunk")
 
 
 def decode_bank(data):
@@ -302,6 +316,12 @@ def main():
     p.add_argument("out")
     p.add_argument("--unique-id", required=True)
     p.set_defaults(run=session_chunk)
+
+    p = commands.add_parser("put-chunk", help="replace the plug-in's chunk in an .ardour file")
+    p.add_argument("session")
+    p.add_argument("chunk")
+    p.add_argument("--unique-id", required=True)
+    p.set_defaults(run=put_chunk)
 
     p = commands.add_parser("check-chunk", help="decode a chunk and check its bank")
     p.add_argument("chunk")
