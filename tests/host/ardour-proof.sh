@@ -45,7 +45,8 @@ here="$(cd "$(dirname "$0")" && pwd)"
 [ -f "$plugin" ] || fail "no plug-in at $1"
 [ -x "$render" ] || fail "no spatara-render at $2"
 
-if ! command -v ardour7-lua > /dev/null && ! dpkg-query -W -f='${Status}' ardour 2> /dev/null | grep -q "ok installed"; then
+ardour_package="$(dpkg-query -W -f='${Status}' ardour 2> /dev/null || true)"
+if ! command -v ardour7-lua > /dev/null && [[ "$ardour_package" != *"ok installed"* ]]; then
     echo "SKIP: Ardour 7 is not installed (apt-get install ardour)"
     exit $SKIP
 fi
@@ -93,8 +94,10 @@ proof_line() { grep "^PROOF $2" "$1" || fail "Ardour did not report '$2' (see $1
 # stereo LOG KIND OUT: the stereo file of the KIND ("bounced", "printed") that Ardour reported in LOG;
 # Ardour writes one mono file a channel.
 stereo() {
-    tool interleave "$(proof_line "$1" "$2 0" | cut -d' ' -f4-)" "$(proof_line "$1" "$2 1" | cut -d' ' -f4-)" \
-        "$3" --label "$2"
+    local left right
+    left="$(proof_line "$1" "$2 0" | cut -d' ' -f4-)"
+    right="$(proof_line "$1" "$2 1" | cut -d' ' -f4-)"
+    tool interleave "$left" "$right" "$3" --label "$2"
 }
 
 echo "Ardour: $(ardour7-lua --version 2>&1 | head -n 1); plug-in: $plugin"
@@ -110,7 +113,9 @@ LD_LIBRARY_PATH="$(dirname "$scanner")" timeout "$ARDOUR_TIMEOUT" "$scanner" -f 
 }
 grep "Found Plugin" "$work/scan.log" | sed 's/^/  scanner: /' || fail "the scanner found no plug-in"
 caches=("$XDG_CACHE_HOME"/ardour7/vst/*.v2i)
-[ ${#caches[@]} -eq 1 ] && [ -f "${caches[0]}" ] || fail "expected one scan cache file, found: ${caches[*]}"
+if [ ${#caches[@]} -ne 1 ] || [ ! -f "${caches[0]}" ]; then
+    fail "expected one scan cache file, found: ${caches[*]}"
+fi
 tool check-scan "${caches[0]}" --name "$NAME" --unique-id "$UNIQUE_ID" "${has_editor[@]}"
 
 step "b. Ardour plays a take through the plug-in, parameters set through the host"
@@ -172,7 +177,8 @@ tool compare "$work/reference.wav" "$work/reopened.wav" --label "bounce in the r
 tool session-chunk "$work/session/reopened.ardour" "$work/reopened.chunk" --unique-id "$UNIQUE_ID"
 cmp "$work/ardour.chunk" "$work/reopened.chunk" || fail "the bank changed on its way through reopening"
 echo "  ok: saved again after reopening, the chunk is byte for byte the one saved before"
-"$render" --info "$plugin" --chunk-in "$work/reopened.chunk" --chunk-out "$work/roundtrip.chunk" > /dev/null ||
+"$render" --info "$plugin" --chunk-in "$work/reopened.chunk" --chunk-out "$work/roundtrip.chunk" \
+    > /dev/null ||
     fail "spatara-render refused the chunk Ardour saved"
 cmp "$work/reopened.chunk" "$work/roundtrip.chunk" || fail "the plug-in does not read back Ardour's chunk"
 echo "  ok: the plug-in restores Ardour's chunk and writes it back unchanged"
@@ -188,7 +194,8 @@ tool put-chunk "$work/session/proof.ardour" "$work/other.chunk" --unique-id "$UN
 run_ardour "$work/session3.log" "$here/reopen-and-bounce.lua" "$work/session" "$UNIQUE_ID_DECIMAL" other
 other_values="$(proof_line "$work/session3.log" reopened | awk '{printf "%s%s", sep, $5; sep=","}')"
 echo "  parameters Ardour finds after reopening: $other_values"
-[ "$other_values" = "$OTHER_VALUES" ] || fail "Ardour reopened the plug-in on $other_values, expected $OTHER_VALUES"
+[ "$other_values" = "$OTHER_VALUES" ] ||
+    fail "Ardour reopened the plug-in on $other_values, expected $OTHER_VALUES"
 "$render" "$plugin" "$work/take.wav" "$work/other-reference.wav" --preset "$OTHER_PRESET" > /dev/null ||
     fail "spatara-render could not render preset $OTHER_PRESET"
 stereo "$work/session3.log" bounced "$work/other.wav"
@@ -198,4 +205,5 @@ tool session-chunk "$work/session/other.ardour" "$work/other-saved.chunk" --uniq
 cmp "$work/other.chunk" "$work/other-saved.chunk" || fail "Ardour saved a different bank than it was given"
 echo "  ok: saved again, the chunk is byte for byte the one put in"
 
-echo "PASS: Ardour $(ardour7-lua --version 2>&1 | head -n 1 | awk '{print $NF}') scans, runs, saves and reopens $NAME"
+version="$(ardour7-lua --version 2>&1 | head -n 1 | awk '{print $NF}')"
+echo "PASS: Ardour $version scans, runs, saves and reopens $NAME"

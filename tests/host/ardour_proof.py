@@ -40,7 +40,8 @@ def check_scan(args):
                                              "can_process_replace", "has_editor", "creator", "category")}
     print("  Ardour's scan cache: " + " ".join(f'{k}="{v}"' for k, v in found.items()))
     expected = {"name": args.name, "id": str(four_cc(args.unique_id)), "n_inputs": "2", "n_outputs": "2",
-                "is_instrument": "0", "can_process_replace": "1", "has_editor": "1" if args.has_editor else "0"}
+                "is_instrument": "0", "can_process_replace": "1",
+                "has_editor": "1" if args.has_editor else "0"}
     for key, want in expected.items():
         if found[key] != want:
             fail(f"Ardour's scan reports {key}={found[key]!r}, expected {want!r}")
@@ -95,7 +96,7 @@ def _swapped(samples):
 
 
 def interleave(args):
-    """Ardour records a stereo track as one mono file per channel; the offline renderer wants one stereo file."""
+    """Ardour records a stereo track as one mono file a channel; spatara-render wants one stereo file."""
     rate_l, ch_l, left = read_float_wav(args.left)
     rate_r, ch_r, right = read_float_wav(args.right)
     if ch_l != 1 or ch_r != 1 or rate_l != rate_r or len(left) != len(right):
