@@ -10,6 +10,7 @@ SPATARA_BUILD_PACKAGES=(
 )
 SPATARA_TEST_PACKAGES=(
     xvfb xdotool imagemagick x11-utils zenity sox
+    ardour python3 # the plug-in's proof in Ardour, tests/host
 )
 
 # ensure_packages PKG...: runs `apt-get update` once and installs what is not installed yet.
