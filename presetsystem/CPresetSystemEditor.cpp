@@ -9,16 +9,6 @@ CPresetSystemEditor::~CPresetSystemEditor()
     storePathsAndFilenames();
 }
 
-void CPresetSystemEditor::valueChanged(CControl*) {}
-
-void CPresetSystemEditor::nameChangedExternal(const char*) {}
-
-void CPresetSystemEditor::showPresetName(const char*) {}
-
-void CPresetSystemEditor::setListEntryTitle(long, const char*) {}
-
-void CPresetSystemEditor::selectListEntry(long) {}
-
 CPresetSystemEffect* CPresetSystemEditor::presetEffect() const
 {
     return static_cast<CPresetSystemEffect*>(effect);
