@@ -44,8 +44,35 @@ CRect CAlertView::okButtonRect() const
                  box.bottom - 10.0);
 }
 
+void CAlertView::wrapLines(CDrawContext* context, double width)
+{
+    // Long lines (a path, usually) are broken after a "/" or a blank that still fits, else anywhere.
+    std::vector<std::string> wrapped;
+    for (std::string rest : lines)
+    {
+        while (context->getStringWidth(rest.c_str()) > width && rest.size() > 1)
+        {
+            size_t cut = rest.size() - 1;
+            while (cut > 1 && context->getStringWidth(rest.substr(0, cut).c_str()) > width)
+                --cut;
+            const size_t separator = rest.find_last_of("/ ", cut - 1);
+            if (separator != std::string::npos && separator > 0) cut = separator + 1;
+            wrapped.push_back(rest.substr(0, cut));
+            rest.erase(0, cut);
+        }
+        wrapped.push_back(rest);
+    }
+    lines = std::move(wrapped);
+}
+
 void CAlertView::draw(CDrawContext* context)
 {
+    context->setFont(kNormalFontSmall);
+    if (!wrapped)
+    {
+        wrapLines(context, boxRect().getWidth() - 16.0);
+        wrapped = true;
+    }
     context->setFillColor(kShade);
     context->fillRect(size);
     const CRect box = boxRect();
@@ -54,7 +81,6 @@ void CAlertView::draw(CDrawContext* context)
     context->setLineWidth(1.0);
     context->drawRect(box, kDrawFilledAndStroked);
 
-    context->setFont(kNormalFontSmall);
     context->setFontColor(kText);
     double top = box.top + 10.0;
     for (const std::string& line : lines)

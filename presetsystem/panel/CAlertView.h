@@ -20,6 +20,7 @@ class CAlertView : public CView
     int32_t onKeyDown(VstKeyCode& keyCode) override;
 
     bool isDismissed() const { return dismissed; }
+    // The message's lines; once drawn, with the long ones broken to fit the box.
     const std::vector<std::string>& getLines() const { return lines; }
     // The box holding the message and the button, and the button (frame pixels).
     CRect boxRect() const;
@@ -36,6 +37,10 @@ class CAlertView : public CView
     CView* newCopy() const override { return nullptr; }
 
   private:
+    // Breaks the lines that are wider than width in the context's font.
+    void wrapLines(CDrawContext* context, double width);
+
     std::vector<std::string> lines;
+    bool wrapped = false;
     bool dismissed = false;
 };

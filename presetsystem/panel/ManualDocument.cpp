@@ -28,9 +28,11 @@ std::string ownFolder()
 {
     Dl_info info{};
     if (!dladdr(reinterpret_cast<void*>(&manualCandidatePaths), &info) || !info.dli_fname) return {};
-    const std::string file = info.dli_fname;
-    const auto slash = file.rfind('/');
-    return slash == std::string::npos ? std::string() : file.substr(0, slash + 1);
+    // The name the binary was loaded by may be relative to the host's working folder.
+    std::error_code error;
+    const auto file = std::filesystem::weakly_canonical(std::filesystem::absolute(info.dli_fname), error);
+    if (error || !file.has_parent_path()) return {};
+    return file.parent_path().string() + "/";
 }
 
 bool isFile(const std::string& path)
