@@ -6,6 +6,7 @@ CPresetSystemEditor::CPresetSystemEditor(AudioEffect* effect) : AEffGUIEditor(ef
 
 CPresetSystemEditor::~CPresetSystemEditor()
 {
+    releaseAlerts();
     storePathsAndFilenames();
 }
 

@@ -71,6 +71,13 @@ std::optional<std::string> CPresetSystemEditor::runFileDialog(const FileChoice& 
     std::optional<std::string> chosen;
     if (selector->runModal() && selector->getNumSelectedFiles() == 1) chosen = selector->getSelectedFile(0);
     selector->forget();
+    // A name typed without its extension gets it, so the file shows up in the next load dialog's filter.
+    if (chosen && choice.save && !choice.extension.empty())
+    {
+        const auto slash = chosen->rfind('/');
+        const std::string name = slash == std::string::npos ? *chosen : chosen->substr(slash + 1);
+        if (!name.empty() && name.find('.') == std::string::npos) *chosen += "." + choice.extension;
+    }
     return chosen;
 }
 

@@ -50,19 +50,31 @@ double imageHeight(const CBitmap* bitmap, int images)
 {
     return bitmap->getHeight() / images;
 }
+
+// The editor whose window shows the process's alerts: the one opened last.
+CPresetSystemEditor* alertOwner = nullptr;
 } // namespace
 
 bool CPresetSystemEditor::open(void*)
 {
     if (!frame || !effect) return false;
     createPresetPanel();
+    alertOwner = this;
     XPlatSetAlertHandler([this](const char* message) { CAlertView::showModal(frame, message); });
     return true;
 }
 
+void CPresetSystemEditor::releaseAlerts()
+{
+    // Another editor's window may have taken the alerts since; then they stay with it.
+    if (alertOwner != this) return;
+    XPlatSetAlertHandler({});
+    alertOwner = nullptr;
+}
+
 void CPresetSystemEditor::close()
 {
-    XPlatSetAlertHandler({});
+    releaseAlerts();
     nameEdit = nullptr;
     presetMenu = nullptr;
     stepRocker = nullptr;

@@ -6,8 +6,8 @@
 #include <cstring>
 
 CZEVTextEdit::CZEVTextEdit(const CRect& size, CControlListener* listener, int32_t tag, const char* text,
-                           CBitmap* background, int32_t style, bool flag)
-    : CTextLabel(size, text, background, style), flag(flag)
+                           CBitmap* background, int32_t style, bool)
+    : CTextLabel(size, text, background, style)
 {
     setListener(listener);
     setTag(tag);

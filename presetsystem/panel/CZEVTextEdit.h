@@ -10,7 +10,7 @@
 class CZEVTextEdit : public CTextLabel
 {
   public:
-    // flag: kept for the caller, not read here.
+    // flag: part of the classic constructor; nothing in the label depends on it.
     CZEVTextEdit(const CRect& size, CControlListener* listener, int32_t tag, const char* text,
                  CBitmap* background, int32_t style, bool flag);
 
@@ -46,7 +46,6 @@ class CZEVTextEdit : public CTextLabel
   private:
     void drawEditor(CDrawContext* context);
 
-    bool flag;
     bool hasFontEditionColor = false;
     CColor fontEditionColor = kWhiteCColor;
     bool beingEdited = false;

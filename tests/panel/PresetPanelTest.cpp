@@ -351,6 +351,15 @@ TEST_F(PresetPanel, KeysGoToTheNameNotToTheHostWhileItIsOpen)
     EXPECT_EQ(effect->dispatcher(effEditKeyDown, 'q', 0, nullptr, 0.0f), 0);
 }
 
+TEST_F(PresetPanel, ClosingTheEditorWhileANameIsTypedKeepsTheName)
+{
+    clickAt(140, 230);
+    key('!');
+    effect->dispatcher(effEditClose, 0, 0, nullptr, 0.0f);
+    EXPECT_EQ(programName(), "init!");
+    EXPECT_EQ(editor->getNameEdit(), nullptr);
+}
+
 TEST_F(PresetPanel, HostRenameShowsInTheNameAndTheList)
 {
     effect->setPresetNo(2);
@@ -454,6 +463,27 @@ TEST_F(PresetPanel, FileDialogRunsTheDesktopDialogWithTitleFolderNameAndFilter)
     EXPECT_NE(arguments.find("Save preset"), std::string::npos) << arguments;
     EXPECT_NE(arguments.find("/tmp/presets/mine.zev"), std::string::npos) << arguments;
     EXPECT_NE(arguments.find("ZEV Preset | *.zev"), std::string::npos) << arguments;
+}
+
+TEST_F(PresetPanel, SavedNameTypedWithoutExtensionGetsIt)
+{
+    TempDir tools;
+    writeScript(tools.file("zenity"), "echo /tmp/presets/mine\n");
+    const std::string oldPath = std::getenv("PATH");
+    setenv("PATH", (tools.path() + ":" + oldPath).c_str(), 1);
+    FileChoice save;
+    save.save = true;
+    save.title = "Save bank";
+    save.typeName = "ZEV Bank";
+    save.extension = "zvb";
+    const auto saved = editor->fileDialog(save);
+    FileChoice load = save;
+    load.save = false;
+    const auto loaded = editor->fileDialog(load);
+    setenv("PATH", oldPath.c_str(), 1);
+    EXPECT_EQ(saved.value_or(""), "/tmp/presets/mine.zvb");
+    // Opening takes the name exactly as chosen.
+    EXPECT_EQ(loaded.value_or(""), "/tmp/presets/mine");
 }
 
 TEST_F(PresetPanel, CancelledDesktopDialogAnswersNothing)
