@@ -17,7 +17,6 @@ class CPresetSystemEffect;
 class COptionMenu;
 class CPSKickButton;
 class CPSRockerSwitch;
-class CSaveLoadButton;
 class CZEVTextEdit;
 
 // What a file dialog of the preset system asks for.
@@ -190,19 +189,9 @@ class CPresetSystemEditor : public AEffGUIEditor, public CControlListener
     std::optional<std::string> chooseFile(const FileChoice& choice);
     FileChooser fileChooser;
 
-    // The panel's controls while the window is open (the frame owns them).
+    // The panel's controls that the editor updates while the window is open (the frame owns them).
     CZEVTextEdit* nameEdit = nullptr;
     COptionMenu* presetMenu = nullptr;
     CPSRockerSwitch* stepRocker = nullptr;
-    CSaveLoadButton* loadBankButton = nullptr;
-    CSaveLoadButton* saveBankButton = nullptr;
-    CSaveLoadButton* loadPresetButton = nullptr;
-    CSaveLoadButton* savePresetButton = nullptr;
-    CPSKickButton* defaultBankButton = nullptr;
-    CPSKickButton* defaultPresetButton = nullptr;
-    CPSKickButton* storeAButton = nullptr;
-    CPSKickButton* storeBButton = nullptr;
-    CPSKickButton* recallAButton = nullptr;
-    CPSKickButton* recallBButton = nullptr;
     CPSKickButton* manualButton = nullptr;
 };

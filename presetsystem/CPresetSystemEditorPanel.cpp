@@ -16,7 +16,6 @@
 #include "XPlatAlert.h"
 
 #include <algorithm>
-#include <cstring>
 #include <string>
 
 namespace
@@ -78,9 +77,6 @@ void CPresetSystemEditor::close()
     nameEdit = nullptr;
     presetMenu = nullptr;
     stepRocker = nullptr;
-    loadBankButton = saveBankButton = loadPresetButton = savePresetButton = nullptr;
-    defaultBankButton = defaultPresetButton = nullptr;
-    storeAButton = storeBButton = recallAButton = recallBButton = nullptr;
     manualButton = nullptr;
 }
 
@@ -123,11 +119,9 @@ void CPresetSystemEditor::createPresetPanel()
     const auto fileButton = [this](const CRect& rect, int32_t tag, int32_t bitmapId)
     {
         auto* bitmap = new CBitmap(bitmapId);
-        auto* button =
-            addTo(frame, new CSaveLoadButton(rect, this, tag, imageHeight(bitmap, kImagesPerButton), bitmap,
-                                             CPoint(0, 0)));
+        frame->addView(new CSaveLoadButton(rect, this, tag, imageHeight(bitmap, kImagesPerButton), bitmap,
+                                           CPoint(0, 0)));
         bitmap->forget();
-        return button;
     };
     const auto kickButton = [this](const CRect& rect, int32_t tag, int32_t bitmapId, bool doubleClickOnly)
     {
@@ -138,17 +132,17 @@ void CPresetSystemEditor::createPresetPanel()
         return button;
     };
     // Save buttons at the left, load buttons at the right; presets above, banks below.
-    loadBankButton = fileButton(CRect(71, 230, 83, 244), kLoadBankTag, 19993);
-    saveBankButton = fileButton(CRect(8, 230, 20, 244), kSaveBankTag, 19994);
-    defaultBankButton = kickButton(CRect(26, 232, 63, 242), kDefaultBankTag, 19990, true);
-    loadPresetButton = fileButton(CRect(71, 215, 83, 229), kLoadPresetTag, 19998);
-    savePresetButton = fileButton(CRect(8, 215, 20, 229), kSavePresetTag, 19999);
+    fileButton(CRect(71, 230, 83, 244), kLoadBankTag, 19993);
+    fileButton(CRect(8, 230, 20, 244), kSaveBankTag, 19994);
+    kickButton(CRect(26, 232, 63, 242), kDefaultBankTag, 19990, true);
+    fileButton(CRect(71, 215, 83, 229), kLoadPresetTag, 19998);
+    fileButton(CRect(8, 215, 20, 229), kSavePresetTag, 19999);
     // 19899, not 1999x: the default-preset image has always had this number.
-    defaultPresetButton = kickButton(CRect(22, 217, 69, 227), kDefaultPresetTag, 19899, true);
-    recallAButton = kickButton(CRect(279, 215, 291, 229), kRecallATag, 19991, false);
-    storeAButton = kickButton(CRect(254, 215, 266, 229), kStoreATag, 19995, false);
-    recallBButton = kickButton(CRect(279, 230, 291, 244), kRecallBTag, 19992, false);
-    storeBButton = kickButton(CRect(254, 230, 266, 244), kStoreBTag, 19996, false);
+    kickButton(CRect(22, 217, 69, 227), kDefaultPresetTag, 19899, true);
+    kickButton(CRect(279, 215, 291, 229), kRecallATag, 19991, false);
+    kickButton(CRect(254, 215, 266, 229), kStoreATag, 19995, false);
+    kickButton(CRect(279, 230, 291, 244), kRecallBTag, 19992, false);
+    kickButton(CRect(254, 230, 266, 244), kStoreBTag, 19996, false);
     manualButton = kickButton(CRect(262, 187, 278, 201), kManualTag, 989, false);
 }
 
