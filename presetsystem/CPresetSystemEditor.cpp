@@ -6,18 +6,9 @@ CPresetSystemEditor::CPresetSystemEditor(AudioEffect* effect) : AEffGUIEditor(ef
 
 CPresetSystemEditor::~CPresetSystemEditor()
 {
+    releaseAlerts();
     storePathsAndFilenames();
 }
-
-void CPresetSystemEditor::valueChanged(CControl*) {}
-
-void CPresetSystemEditor::nameChangedExternal(const char*) {}
-
-void CPresetSystemEditor::showPresetName(const char*) {}
-
-void CPresetSystemEditor::setListEntryTitle(long, const char*) {}
-
-void CPresetSystemEditor::selectListEntry(long) {}
 
 CPresetSystemEffect* CPresetSystemEditor::presetEffect() const
 {

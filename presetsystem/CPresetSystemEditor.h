@@ -14,6 +14,10 @@
 #include <vector>
 
 class CPresetSystemEffect;
+class COptionMenu;
+class CPSKickButton;
+class CPSRockerSwitch;
+class CZEVTextEdit;
 
 // What a file dialog of the preset system asks for.
 struct FileChoice
@@ -29,6 +33,26 @@ struct FileChoice
 class CPresetSystemEditor : public AEffGUIEditor, public CControlListener
 {
   public:
+    // The preset panel's controls; the main editor's own controls use other tags.
+    enum PanelTag : int32_t
+    {
+        kNameTag = 1000,
+        kStepTag = 1001,
+        kLoadBankTag = 1002,
+        kSaveBankTag = 1003,
+        kLoadPresetTag = 1004,
+        kSavePresetTag = 1005,
+        kPresetListTag = 1012,
+        kDefaultBankTag = 1013,
+        kDefaultPresetTag = 1014,
+        kStoreATag = 1015,
+        kStoreBTag = 1016,
+        kRecallATag = 1017,
+        kRecallBTag = 1018,
+        kManualTag = 1019,
+    };
+    static constexpr int kProgramCount = 38;
+
     explicit CPresetSystemEditor(AudioEffect* effect);
     ~CPresetSystemEditor() override;
 
@@ -63,13 +87,24 @@ class CPresetSystemEditor : public AEffGUIEditor, public CControlListener
     // The window belongs to the main editor built on this class; on its own this editor shows none.
     bool hasWindow() const override { return false; }
 
-    // ---- the panel's controls (UI thread)
+    // ---- the editor window (host's UI thread)
+    // Adds the preset panel to the frame that the main editor has made; false without frame or effect.
+    // The main editor calls it as the last step of its own open.
+    bool open(void* parentWindow) override;
+    // Forgets the panel's controls (the frame owns and frees them); the main editor calls it first.
+    void close() override;
+
+    // ---- the panel's controls (UI thread): tags 1000 to 1019; other tags are the main editor's
     void valueChanged(CControl* control) override;
 
     // ---- the preset panel; nothing happens while no window is open
     virtual void showPresetName(const char* name);
     virtual void setListEntryTitle(long index, const char* name);
     virtual void selectListEntry(long index);
+    CZEVTextEdit* getNameEdit() const { return nameEdit; }
+    COptionMenu* getPresetMenu() const { return presetMenu; }
+    CPSRockerSwitch* getStepRocker() const { return stepRocker; }
+    CPSKickButton* getManualButton() const { return manualButton; }
 
     // ---- preset and bank files (UI thread); failures are silent, as users expect of a cancelled dialog
     virtual void loadPreset(bool endianReversed);
@@ -110,7 +145,8 @@ class CPresetSystemEditor : public AEffGUIEditor, public CControlListener
     const char* getBankFileName() const { return bankFileName; }
 
   protected:
-    // The dialog itself: the editor's own when its window is open; nothing otherwise.
+    // The dialog itself: the desktop's file dialog over the editor while its window is open; nothing
+    // otherwise.
     virtual std::optional<std::string> runFileDialog(const FileChoice& choice);
     // Reads a preset or bank file and hands its image to applyImage.
     void applyFileImage(const char* fileName, const char* directory, bool endianReversed);
@@ -121,7 +157,10 @@ class CPresetSystemEditor : public AEffGUIEditor, public CControlListener
     void applyImage(const std::vector<char>& image, bool endianReversed);
     // Writes an image to a file, replacing the old file only once the new one is complete.
     bool writeFileImage(const char* fileName, const char* directory, const std::vector<char>& image);
-    virtual void redrawFrame() {}
+    // Repaints the whole editor (a bank or preset load may change every control).
+    virtual void redrawFrame();
+    // Opens the manual, or tells the user why it could not be opened.
+    virtual void openManualDocument();
 
     CPresetSystemEffect* presetEffect() const;
     newpresetheader makeHeader(char fileType, std::int32_t numChunks, std::int32_t currentPreset,
@@ -135,9 +174,24 @@ class CPresetSystemEditor : public AEffGUIEditor, public CControlListener
     char presetFileName[kPathSize] = {};
 
   private:
+    void createPresetPanel();
+    // Stops this editor's window from showing the alerts.
+    void releaseAlerts();
+    void renamePreset(CZEVTextEdit* edit);
+    void stepPreset(float direction);
+    void choosePreset(float menuValue);
+    // Makes index current with name: list, name field and effect.
+    void selectPreset(long index, const char* name);
+
     void storeImage(const char* key, const std::vector<char>& image);
     void removeKey(const char* key);
     void applyStoredImage(const char* key);
     std::optional<std::string> chooseFile(const FileChoice& choice);
     FileChooser fileChooser;
+
+    // The panel's controls that the editor updates while the window is open (the frame owns them).
+    CZEVTextEdit* nameEdit = nullptr;
+    COptionMenu* presetMenu = nullptr;
+    CPSRockerSwitch* stepRocker = nullptr;
+    CPSKickButton* manualButton = nullptr;
 };

@@ -1,6 +1,7 @@
 // CPresetSystemEditor: preset and bank files through the file dialogs.
 #include "CPresetSystemEditor.h"
 
+#include "CNewFileSelector.h"
 #include "CPresetSystemEffect.h"
 #include "ParamConversion.h"
 #include "XPlatFile.h"
@@ -57,9 +58,27 @@ bool splitChosenPath(const std::string& path, char* name, char* directory, std::
 }
 } // namespace
 
-std::optional<std::string> CPresetSystemEditor::runFileDialog(const FileChoice&)
+std::optional<std::string> CPresetSystemEditor::runFileDialog(const FileChoice& choice)
 {
-    return std::nullopt;
+    if (!frame) return std::nullopt;
+    CNewFileSelector* selector = CNewFileSelector::create(
+        frame, choice.save ? CNewFileSelector::kSelectSaveFile : CNewFileSelector::kSelectFile);
+    selector->setTitle(choice.title.c_str());
+    selector->setInitialDirectory(choice.directory.c_str());
+    if (choice.save) selector->setDefaultSaveName(choice.defaultName.c_str());
+    selector->setDefaultExtension(CFileExtension(choice.typeName.c_str(), choice.extension.c_str()));
+    selector->setAllowMultiFileSelection(false);
+    std::optional<std::string> chosen;
+    if (selector->runModal() && selector->getNumSelectedFiles() == 1) chosen = selector->getSelectedFile(0);
+    selector->forget();
+    // A name typed without its extension gets it, so the file shows up in the next load dialog's filter.
+    if (chosen && choice.save && !choice.extension.empty())
+    {
+        const auto slash = chosen->rfind('/');
+        const std::string name = slash == std::string::npos ? *chosen : chosen->substr(slash + 1);
+        if (!name.empty() && name.find('.') == std::string::npos) *chosen += "." + choice.extension;
+    }
+    return chosen;
 }
 
 std::optional<std::string> CPresetSystemEditor::chooseFile(const FileChoice& choice)

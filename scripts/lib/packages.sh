@@ -7,6 +7,7 @@ SPATARA_BUILD_PACKAGES=(
     libsndfile1-dev libcairo2-dev
     dpf-source libx11-dev libxext-dev libxcursor-dev libxrandr-dev
     fonts-dejavu-core fontconfig
+    groff
 )
 SPATARA_TEST_PACKAGES=(
     xvfb xdotool imagemagick x11-utils zenity sox

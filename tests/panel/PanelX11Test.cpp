@@ -1,0 +1,257 @@
+// The preset panel in a real X11 window (run under Xvfb by run-with-xvfb.sh), driven as a user drives it:
+// real pointer clicks and key presses through xdotool, the desktop's real file dialog (zenity) driven the
+// same way, and everything checked through the plug-in's VST 2.4 interface as a host sees it.
+#include "COptionMenuPopup.h"
+#include "HostRecorder.h"
+#include "PanelTestEditor.h"
+#include "Spatara.h"
+#include "VstTestHost.h"
+#include "X11TestWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <thread>
+
+namespace
+{
+using namespace std::chrono_literals;
+
+// Panel points (editor pixels; the parent window sits at the screen's top-left corner).
+constexpr const char* kNext = "245 229";
+constexpr const char* kPrevious = "225 229";
+constexpr const char* kName = "140 230";
+constexpr const char* kList = "212 229";
+constexpr const char* kSavePreset = "14 222";
+constexpr const char* kLoadPreset = "77 222";
+constexpr const char* kDefaultBank = "45 237";
+constexpr const char* kManual = "270 194";
+
+std::string makeTempDir()
+{
+    std::string pattern = (std::filesystem::temp_directory_path() / "spatara-panel-XXXXXX").string();
+    return mkdtemp(pattern.data());
+}
+
+struct PanelX11 : ::testing::Test
+{
+    PanelX11() : parent(302, 250) {}
+
+    void SetUp() override
+    {
+        ASSERT_TRUE(parent.isOpen()) << "no X display";
+        // Each test starts without defaults, memories or remembered folders.
+        setenv("XDG_CONFIG_HOME", (files + "/config").c_str(), 1);
+        HostRecorder::clear();
+        host = makeHost();
+        ASSERT_TRUE(host->openEditor(parent.getWindow()));
+        ASSERT_TRUE(idleUntil([&] { return editorShown(); }));
+    }
+    void TearDown() override
+    {
+        if (host) host->closeEditor();
+        host.reset();
+        std::filesystem::remove_all(files);
+    }
+
+    static std::unique_ptr<VstTestHost> makeHost()
+    {
+        auto* effect = new Spatara(HostRecorder::callback);
+        effect->setEditor(new PanelTestEditor(effect));
+        return std::make_unique<VstTestHost>(effect->getAeffect());
+    }
+
+    // Idles the editor as a host does (about every 10 ms) until done() or the time is up.
+    bool idleUntil(const std::function<bool()>& done, std::chrono::milliseconds limit = 3s)
+    {
+        const auto end = std::chrono::steady_clock::now() + limit;
+        while (std::chrono::steady_clock::now() < end)
+        {
+            host->idleEditor();
+            if (done()) return true;
+            std::this_thread::sleep_for(10ms);
+        }
+        return false;
+    }
+    void idleFor(std::chrono::milliseconds time)
+    {
+        idleUntil([] { return false; }, time);
+    }
+    bool editorShown()
+    {
+        const auto children = parent.children();
+        return children.size() == 1 && children[0].mapped;
+    }
+    // A click at an editor point, then time for the editor to take it.
+    void click(const std::string& point, const std::string& how = "click 1")
+    {
+        ASSERT_TRUE(X11TestWindow::xdotool("mousemove " + point + " " + how));
+        idleFor(150ms);
+    }
+    void keys(const std::string& arguments)
+    {
+        ASSERT_TRUE(X11TestWindow::xdotool(arguments));
+        idleFor(150ms);
+    }
+    std::string programName()
+    {
+        char name[64] = {};
+        host->dispatch(effGetProgramName, 0, 0, name);
+        return name;
+    }
+    float parameter(int index) { return host->getEffect()->getParameter(host->getEffect(), index); }
+    // Runs a shell line in the background: it drives a dialog while the editor waits for it.
+    static void inBackground(const std::string& line)
+    {
+        ASSERT_EQ(std::system(("(" + line + ") >/dev/null 2>&1 &").c_str()), 0);
+    }
+    // Waits for a window of this title and types into it.
+    static std::string typeIntoWindow(const std::string& title, const std::string& what)
+    {
+        return "id=$(timeout 10 xdotool search --sync --name '" + title + "' | head -1); sleep 0.5; " +
+               "xdotool windowfocus --sync $id key ctrl+a; xdotool type --delay 20 '" + what +
+               "'; sleep 0.3; xdotool key Return";
+    }
+
+    X11TestWindow parent;
+    std::unique_ptr<VstTestHost> host;
+    std::string files = makeTempDir();
+};
+} // namespace
+
+TEST_F(PanelX11, NextNextPreviousLandsOnEnhancedMix1WithItsValuesInTheEffect)
+{
+    EXPECT_EQ(programName(), "init");
+    click(kNext);
+    click(kNext);
+    EXPECT_EQ(programName(), "enhanced mix 2");
+    click(kPrevious);
+    EXPECT_EQ(programName(), "enhanced mix 1");
+    const float values[] = {0.5f, 0.25f, 0.0f, 1.0f, 0.0f, 0.0f};
+    for (int i = 0; i < 6; ++i)
+        EXPECT_EQ(parameter(i), values[i]) << i;
+}
+
+TEST_F(PanelX11, ClickingTheNameTypingAndReturnRenamesThePresetInTheHost)
+{
+    click(kName);
+    keys("key --delay 10 --repeat 6 BackSpace");
+    keys("type --delay 20 'my kit 2'");
+    keys("key Return");
+    EXPECT_EQ(programName(), "my kit 2");
+}
+
+TEST_F(PanelX11, EscapeLeavesTheName)
+{
+    click(kName);
+    keys("type --delay 20 'zz'");
+    keys("key Escape");
+    EXPECT_EQ(programName(), "init");
+    // The keyboard is free again: a second edit starts from the unchanged name.
+    click(kName);
+    keys("type --delay 20 'x'");
+    keys("key Return");
+    EXPECT_EQ(programName(), "initx");
+}
+
+TEST_F(PanelX11, ClickingElsewhereConfirmsTheTypedName)
+{
+    click(kName);
+    keys("type --delay 20 ' b'");
+    click("150 60");
+    EXPECT_EQ(programName(), "init b");
+}
+
+TEST_F(PanelX11, ChoosingAnEntryInTheOpenListSelectsThatPreset)
+{
+    click(kList);
+    // The list fills the frame's width at its foot: three columns of sixteen rows of 12 pixels.
+    const double top = 250 - (16 * COptionMenuPopup::kRowHeight + 2);
+    const int y = static_cast<int>(top + 1 + 3 * COptionMenuPopup::kRowHeight + 6);
+    click("20 " + std::to_string(y));
+    EXPECT_EQ(programName(), "enhanced mix 3");
+    EXPECT_EQ(parameter(0), 0.6f);
+}
+
+TEST_F(PanelX11, ScreenshotsOfTheListOpenAndOfTheNameBeingEdited)
+{
+    click(kList);
+    EXPECT_TRUE(parent.screenshot("preset-panel-list.png"));
+    click("150 30"); // above the list: closes it without choosing
+    EXPECT_EQ(programName(), "init");
+    click(kName);
+    keys("type --delay 20 ' edit'");
+    idleFor(300ms);
+    EXPECT_TRUE(parent.screenshot("preset-panel-name-editing.png"));
+    keys("key Return");
+    EXPECT_EQ(programName(), "init edit");
+    EXPECT_TRUE(std::filesystem::file_size("preset-panel-list.png") > 1000);
+    EXPECT_TRUE(std::filesystem::file_size("preset-panel-name-editing.png") > 1000);
+}
+
+TEST_F(PanelX11, PresetSavedThroughTheDesktopDialogLoadsBackThroughIt)
+{
+    if (std::system("command -v zenity >/dev/null") != 0) GTEST_SKIP() << "zenity is not installed";
+    const std::string file = files + "/mix.zev";
+    click(kNext); // enhanced mix 1
+    inBackground(typeIntoWindow("Save preset", file));
+    click(kSavePreset);
+    ASSERT_TRUE(idleUntil([&] { return std::filesystem::exists(file); }, 15s));
+    click(kNext);
+    click(kNext);
+    EXPECT_EQ(programName(), "enhanced mix 3");
+    inBackground(typeIntoWindow("Load preset", file));
+    click(kLoadPreset);
+    ASSERT_TRUE(idleUntil([&] { return programName() == "enhanced mix 1"; }, 15s));
+    EXPECT_EQ(parameter(1), 0.25f);
+}
+
+TEST_F(PanelX11, DoubleClickOnTheDefaultBankButtonStartsANewInstanceWithThatBank)
+{
+    click(kName);
+    keys("key --delay 10 --repeat 6 BackSpace");
+    keys("type --delay 20 'my default'");
+    keys("key Return");
+    click(kDefaultBank); // a single click keeps the factory bank as the default
+    {
+        auto second = makeHost();
+        char name[64] = {};
+        second->dispatch(effGetProgramName, 0, 0, name);
+        EXPECT_STREQ(name, "init");
+    }
+    idleFor(400ms);
+    click(kDefaultBank, "click --repeat 2 --delay 80 1");
+    {
+        auto second = makeHost();
+        char name[64] = {};
+        second->dispatch(effGetProgramName, 0, 0, name);
+        EXPECT_STREQ(name, "my default");
+    }
+    idleFor(400ms);
+    // Control and a double-click remove it again.
+    ASSERT_TRUE(X11TestWindow::xdotool(std::string("mousemove ") + kDefaultBank +
+                                       " keydown ctrl click --repeat 2 --delay 80 1 keyup ctrl"));
+    idleFor(150ms);
+    auto third = makeHost();
+    char name[64] = {};
+    third->dispatch(effGetProgramName, 0, 0, name);
+    EXPECT_STREQ(name, "init");
+}
+
+TEST_F(PanelX11, ManualThatCannotBeOpenedShowsTheAlertInTheEditorUntilOK)
+{
+    setenv("XDG_DATA_HOME", (files + "/data").c_str(), 1);
+    setenv("XDG_DATA_DIRS", (files + "/system").c_str(), 1);
+    // The alert box's OK button sits in the middle of the editor, below the two lines of the message.
+    inBackground("sleep 1; import -window root -crop 302x250+0+0 +repage preset-panel-alert.png; "
+                 "xdotool mousemove 151 146 click 1");
+    const auto start = std::chrono::steady_clock::now();
+    click(kManual);
+    EXPECT_GT(std::chrono::steady_clock::now() - start, 900ms) << "the alert did not wait for OK";
+    // The editor works on after OK.
+    click(kNext);
+    EXPECT_EQ(programName(), "enhanced mix 1");
+}
