@@ -12,16 +12,25 @@
 
 namespace
 {
-// Holds an advisory lock on a lock file beside the preferences while it lives.
+// Holds an advisory lock on a lock file beside the preferences while it lives. Another process gets at
+// most kLockWait to finish its write: a hung host must not hang ours.
 class FileLock
 {
   public:
+    static constexpr int kLockWaitMs = 5000;
+
     explicit FileLock(const std::string& path) : fd(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600))
     {
-        if (fd >= 0)
-            while (::flock(fd, LOCK_EX) != 0 && errno == EINTR)
+        for (int waited = 0; fd >= 0 && ::flock(fd, LOCK_EX | LOCK_NB) != 0; waited += 5)
+        {
+            if ((errno != EWOULDBLOCK && errno != EINTR) || waited >= kLockWaitMs)
             {
+                ::close(fd);
+                fd = -1;
+                break;
             }
+            ::usleep(5000);
+        }
     }
     ~FileLock()
     {

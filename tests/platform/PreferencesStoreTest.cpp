@@ -4,13 +4,16 @@
 #include "TempDir.h"
 #include "XPlatPrefs.h"
 
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
 #include <string>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -178,6 +181,37 @@ TEST_F(PreferencesStore, AWriteThatFailsHalfWayLeavesThePreviousFile)
     EXPECT_EQ(slurp(path()), before);
     for (const auto& entry : std::filesystem::directory_iterator(dir.file("zev-spatara")))
         EXPECT_EQ(entry.path().filename().string().find(".tmp"), std::string::npos) << entry.path();
+}
+
+TEST_F(PreferencesStore, AnotherProcessHoldingTheLockTooLongKeepsTheChangesPending)
+{
+    std::filesystem::create_directories(dir.file("zev-spatara"));
+    int locked[2];
+    ASSERT_EQ(pipe(locked), 0);
+    const pid_t holder = fork();
+    ASSERT_GE(holder, 0);
+    if (holder == 0)
+    {
+        const int fd = open((path() + ".lock").c_str(), O_RDWR | O_CREAT, 0600);
+        flock(fd, LOCK_EX);
+        (void)!write(locked[1], "x", 1);
+        pause(); // a host that hangs while it holds the lock
+        _exit(0);
+    }
+    char ready = 0;
+    ASSERT_EQ(read(locked[0], &ready, 1), 1);
+    CPreferencesStore store(path());
+    store.setString("CurrDir", "/waits/");
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_FALSE(store.synchronize());
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(8));
+    EXPECT_EQ(store.getString("CurrDir"), "/waits/") << "the change is still pending";
+    kill(holder, SIGKILL);
+    waitpid(holder, nullptr, 0);
+    close(locked[0]);
+    close(locked[1]);
+    EXPECT_TRUE(store.synchronize()) << "and lands once the lock is free";
+    EXPECT_EQ(CPreferencesStore(path()).getString("CurrDir"), "/waits/");
 }
 
 TEST(PreferencesFormat, RefusesWhatItDidNotWrite)
