@@ -494,6 +494,8 @@ int main(int argc, char** argv)
         cairo_surface_t* surface;
     } bitmaps[] = {
         {128, background()},
+        // 133: the editor loads it and lets it go again unused; it holds a copy of the handle.
+        {133, sliderHandle()},
         {134, sliderHandle()},
         {135, meter(true)},
         {136, meter(false)},
