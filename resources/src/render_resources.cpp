@@ -196,6 +196,10 @@ cairo_surface_t* background()
 
     // Balance meter row: the meter's well (182 × 10 at 60, 25) between the captions.
     well(cr, 58, 23, 186, 14, 2, kGroove);
+    // The balanced centre, marked below the well so the eye finds it while the meter moves.
+    setColor(cr, kInk);
+    cairo_rectangle(cr, 150, 38, 2, 4);
+    cairo_fill(cr);
 
     // Three slider rows, 32 px apart; captions and values stand on the plain panel.
     for (int row = 0; row < 3; ++row)
