@@ -241,3 +241,16 @@ TEST_F(ADEditorTest, SuspendCentresTheMeterAndDoesNothingWhileClosed)
     EXPECT_EQ(editor.getFrame(), nullptr);
     ASSERT_TRUE(editor.open(nullptr));
 }
+
+TEST_F(ADEditorTest, ClosingWhileTheAboutScreenIsShownTakesItAlongAndReopensWithoutIt)
+{
+    click(100, 190);
+    ASSERT_NE(frame()->getModalView(), nullptr);
+    editor.close();
+    ASSERT_TRUE(editor.open(nullptr));
+    EXPECT_EQ(frame()->getModalView(), nullptr);
+    EXPECT_EQ(about()->getValue(), 0.0f);
+    balance = 0.25f;
+    editor.idle();
+    EXPECT_EQ(meter()->getValue(), 0.75f);
+}
