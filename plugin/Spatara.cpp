@@ -1,5 +1,6 @@
 #include "Spatara.h"
 
+#include "ADEditor.h"
 #include "CPresetSystemEditor.h"
 #include "FactoryPresets.h"
 #include "ParameterText.h"
@@ -60,7 +61,9 @@ Spatara::Spatara(audioMasterCallback audioMaster) : CPresetSystemEffect(audioMas
     getOutputLatency();
     getBlockSize();
 
-    setEditor(new CPresetSystemEditor(this));
+    setEditor(new ADEditor(
+        this, [this](VstInt32 index) { return getParameterValue(index); },
+        [this] { return getStereoMeter(); }));
 
     initPresets();
     CPresetSystemEffect::loadDefaults();

@@ -196,6 +196,10 @@ cairo_surface_t* background()
 
     // Balance meter row: the meter's well (182 × 10 at 60, 25) between the captions.
     well(cr, 58, 23, 186, 14, 2, kGroove);
+    // The balanced centre, marked below the well so the eye finds it while the meter moves.
+    setColor(cr, kInk);
+    cairo_rectangle(cr, 150, 38, 2, 4);
+    cairo_fill(cr);
 
     // Three slider rows, 32 px apart; captions and values stand on the plain panel.
     for (int row = 0; row < 3; ++row)
@@ -494,6 +498,8 @@ int main(int argc, char** argv)
         cairo_surface_t* surface;
     } bitmaps[] = {
         {128, background()},
+        // 133: the editor loads it and lets it go again unused; it holds a copy of the handle.
+        {133, sliderHandle()},
         {134, sliderHandle()},
         {135, meter(true)},
         {136, meter(false)},

@@ -1,5 +1,6 @@
 // spatara-editor-host: opens a VST 2.4 plug-in's editor in an X11 window the way a host does.
-//   spatara-editor-host PLUGIN.so [--seconds S] [--screenshot FILE.png] [--reopen N]
+//   spatara-editor-host PLUGIN.so [--seconds S] [--screenshot FILE.png] [--reopen N] [--set INDEX=VALUE]...
+// --set gives a parameter its normalised value before the editor opens (for screenshots of each mode).
 // Exit status 0 when the editor opened at its rectangle (and reopened N times), 1 otherwise.
 #include "HostRecorder.h"
 #include "VstTestHost.h"
@@ -10,6 +11,8 @@
 #include <cstdlib>
 #include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -45,13 +48,16 @@ int main(int argc, char** argv)
 {
     if (argc < 2)
     {
-        std::fprintf(stderr, "usage: %s PLUGIN.so [--seconds S] [--screenshot FILE.png] [--reopen N]\n",
-                     argv[0]);
+        std::fprintf(
+            stderr,
+            "usage: %s PLUGIN.so [--seconds S] [--screenshot FILE.png] [--reopen N] [--set INDEX=VALUE]...\n",
+            argv[0]);
         return 2;
     }
     double seconds = 0.5;
     std::string screenshot;
     int reopen = 0;
+    std::vector<std::pair<int, float>> parameters;
     for (int i = 2; i + 1 < argc; i += 2)
     {
         const std::string option = argv[i];
@@ -61,6 +67,14 @@ int main(int argc, char** argv)
             screenshot = argv[i + 1];
         else if (option == "--reopen")
             reopen = std::atoi(argv[i + 1]);
+        else if (option == "--set")
+        {
+            const std::string assignment = argv[i + 1];
+            const auto equals = assignment.find('=');
+            if (equals == std::string::npos) continue;
+            parameters.emplace_back(std::atoi(assignment.substr(0, equals).c_str()),
+                                    static_cast<float>(std::atof(assignment.substr(equals + 1).c_str())));
+        }
     }
     std::string error;
     auto host = VstTestHost::load(argv[1], HostRecorder::callback, error);
@@ -69,6 +83,8 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "cannot load %s: %s\n", argv[1], error.c_str());
         return 1;
     }
+    for (const auto& [index, value] : parameters)
+        host->getEffect()->setParameter(host->getEffect(), index, value);
     if (!host->hasEditor())
     {
         std::fprintf(stderr, "the plug-in has no editor\n");

@@ -1,0 +1,323 @@
+#include "ADEditor.h"
+
+#include "AudioEffect.h"
+
+#include "CAbout.h"
+#include "CBitmap.h"
+#include "CClickButton.h"
+#include "CHorizontalSlider.h"
+#include "COnOffButton.h"
+#include "CParamDisplay.h"
+#include "CVuMeter1.h"
+#include "MyFrame.h"
+#include "ValueConverters.h"
+
+#include <array>
+
+namespace
+{
+enum Tag : int32_t
+{
+    kDepthTag = 0,
+    kFrequencyTag,
+    kWidthTag,
+    kProcessTag,
+    kPhaseTag,
+    kModeTag,
+    kAboutTag = 7,
+};
+constexpr int kParameterCount = 6;
+constexpr std::uint32_t kOtherChange = 1u << kParameterCount;
+
+// Caption numbers of parameterNameStringConvert.
+enum Caption
+{
+    kCaptionS = 0,
+    kCaptionM,
+    kCaptionDepth,
+    kCaptionFreq,
+    kCaptionEmph,
+    kCaptionWidth,
+};
+
+// The about screen is centred in the main panel, without the preset panel's strip below it.
+constexpr double kMainPanelWidth = 302.0;
+constexpr double kMainPanelHeight = 214.0;
+constexpr int kMeterSegments = 182;
+constexpr int kModeStates = 3;
+
+float modeButtonValue(float mode)
+{
+    if (mode < 0.25f) return 0.0f;
+    return mode < 0.75f ? 0.5f : 1.0f;
+}
+} // namespace
+
+ADEditor::ADEditor(AudioEffect* effect, RealValueReader realValue, MeterReader stereoMeter)
+    : CPresetSystemEditor(effect), realValue(std::move(realValue)), stereoMeter(std::move(stereoMeter)),
+      background(new CBitmap(128))
+{
+    setRectFromBitmap(background);
+}
+
+ADEditor::~ADEditor()
+{
+    if (background) background->forget();
+}
+
+float ADEditor::normalised(VstInt32 index) const
+{
+    return effect ? effect->getParameter(index) : 0.0f;
+}
+
+float ADEditor::widthDisplayValue() const
+{
+    const double width = realValue(kWidthTag);
+    const float mode = normalised(kModeTag);
+    // Widening reads 100 % to 400 %, narrowing 400 % down to 100 %, emphasis 0 % to 100 %.
+    if (mode < 0.25f) return static_cast<float>(width * 3.0 + 1.0);
+    if (mode < 0.75f) return static_cast<float>(width * -3.0 + 4.0);
+    return static_cast<float>(width);
+}
+
+bool ADEditor::open(void* parent)
+{
+    AEffGUIEditor::open(parent);
+    // Whatever was reported before now is read below anyway.
+    pendingChanges.store(0, std::memory_order_relaxed);
+
+    auto* handle = new CBitmap(134);
+    // 133 is loaded and let go again without a use, on purpose: the panel has always done so.
+    auto* unused = new CBitmap(133);
+    auto* meterOff = new CBitmap(136);
+    auto* meterOn = new CBitmap(135);
+    auto* processImage = new CBitmap(137);
+    auto* phaseImage = new CBitmap(138);
+    auto* modeImage = new CBitmap(139);
+    auto* aboutImage = new CBitmap(140);
+
+    ERect* editorRect = nullptr;
+    getRect(&editorRect);
+    auto* myFrame =
+        new MyFrame(CRect(editorRect->left, editorRect->top, editorRect->left + background->getWidth(),
+                          editorRect->top + background->getHeight()),
+                    parent, this);
+    frame = myFrame;
+    myFrame->setBackground(background);
+    setKnobMode(2); // linear: a slider follows the mouse along its own axis
+
+    // ---- the balance meter between "S" (anti-phase) and "M" (mono)
+    meter = new CVuMeter1(CRect(60, 25, 60 + meterOff->getWidth(), 25 + meterOff->getHeight()), meterOn,
+                          meterOff, kMeterSegments, kHorizontal);
+    meter->setDecreaseStepValue(0.5f);
+    meter->setDefaultValue(1.0f);
+    meter->setMax(1.0f);
+    meter->setMin(0.0f);
+    meter->setValue(0.5f);
+    myFrame->addView(meter);
+
+    // Displays draw the background from a point a few pixels below their own top; kept so on purpose, the
+    // texts sit where the panel was drawn for them.
+    auto display = [&](const CRect& size, int32_t style, const CPoint& backOffset, CHoriTxtAlign align)
+    {
+        auto* view = new CParamDisplay(size, background, style);
+        view->setBackOffset(backOffset);
+        view->setHoriAlign(align);
+        view->setFont(kNormalFontSmall);
+        view->setFontColor(kBlackCColor);
+        return view;
+    };
+    auto caption =
+        [&](const CRect& size, int32_t style, const CPoint& backOffset, CHoriTxtAlign align, float number)
+    {
+        CParamDisplay* view = display(size, style, backOffset, align);
+        view->setMax(10.0f);
+        view->setValue(number);
+        view->setStringConvert(parameterNameStringConvert);
+        return view;
+    };
+    auto slider = [&](int32_t tag, double top, float value, float defaultValue)
+    {
+        // Style 16 (kRight) is the panel's own number: it puts the minimum at the right end.
+        auto* view = new CHorizontalSlider(CRect(63, top, 239, top + handle->getHeight()), this, tag, 63,
+                                           static_cast<int32_t>(239 - handle->getWidth()), handle, background,
+                                           CPoint(63, top), 16);
+        view->setOffsetHandle(CPoint(0, 0));
+        view->setFreeClick(false);
+        view->setValue(value);
+        view->setDefaultValue(defaultValue);
+        return view;
+    };
+    const double buttonWidth = processImage->getWidth();
+    const double buttonHeight = processImage->getHeight() / 2;
+    auto buttonRect = [&](double left) { return CRect(left, 151, left + buttonWidth, 151 + buttonHeight); };
+
+    captionS = caption(CRect(2, 24, 42, 41), 2, CPoint(2, 27), kRightText, kCaptionS);
+    myFrame->addView(captionS);
+    captionM = caption(CRect(258, 24, 298, 41), 0, CPoint(258, 27), kLeftText, kCaptionM);
+    myFrame->addView(captionM);
+
+    // ---- depth
+    depthSlider = slider(kDepthTag, 51, normalised(kDepthTag), 0.0f);
+    myFrame->addView(depthSlider);
+    depthValue = display(CRect(258, 54, 322, 71), 0, CPoint(258, 59), kLeftText);
+    depthValue->setValue(normalised(kDepthTag));
+    depthValue->setStringConvert(percentStringConvert);
+    myFrame->addView(depthValue);
+    depthCaption = caption(CRect(2, 54, 42, 71), 2, CPoint(2, 59), kRightText, kCaptionDepth);
+    myFrame->addView(depthCaption);
+
+    // ---- base frequency
+    frequencySlider = slider(kFrequencyTag, 83, normalised(kFrequencyTag), 0.5f);
+    myFrame->addView(frequencySlider);
+    frequencyValue = display(CRect(258, 86, 322, 103), 0, CPoint(258, 91), kLeftText);
+    frequencyValue->setMax(20000.0f);
+    frequencyValue->setValue(realValue(kFrequencyTag));
+    frequencyValue->setStringConvert(frequencyStringConvert);
+    myFrame->addView(frequencyValue);
+    frequencyCaption = caption(CRect(2, 86, 42, 103), 2, CPoint(2, 91), kRightText, kCaptionFreq);
+    myFrame->addView(frequencyCaption);
+
+    // ---- width or emphasis
+    widthSlider = slider(kWidthTag, 115, normalised(kWidthTag), 0.0f);
+    myFrame->addView(widthSlider);
+    widthValue = display(CRect(258, 118, 322, 135), 0, CPoint(258, 123), kLeftText);
+    widthValue->setMax(4.0f);
+    widthValue->setValue(widthDisplayValue());
+    widthValue->setStringConvert(percentStringConvert);
+    myFrame->addView(widthValue);
+    // 0.67 here, 0.75 when the mode changes later: different on purpose, the same for the three modes.
+    const bool emphasis = static_cast<double>(normalised(kModeTag)) >= 0.67;
+    widthCaption = caption(CRect(2, 118, 42, 135), 2, CPoint(2, 123), kRightText,
+                           emphasis ? kCaptionEmph : kCaptionWidth);
+    myFrame->addView(widthCaption);
+
+    // ---- buttons: all three as wide as 137 and half as high, whatever the sizes of 138 and 139
+    processButton = new COnOffButton(buttonRect(70), this, kProcessTag, processImage);
+    processButton->setValue(normalised(kProcessTag));
+    myFrame->addView(processButton);
+    phaseButton = new COnOffButton(buttonRect(190), this, kPhaseTag, phaseImage);
+    phaseButton->setValue(normalised(kPhaseTag));
+    myFrame->addView(phaseButton);
+    modeButton = new CClickButton(buttonRect(130), this, kModeTag, modeImage, kModeStates);
+    modeButton->setMax(2.0f);
+    modeButton->setValue(modeButtonValue(normalised(kModeTag)));
+    myFrame->addView(modeButton);
+
+    // ---- about
+    const double aboutLeft = static_cast<int>((kMainPanelWidth - aboutImage->getWidth()) / 2);
+    const double aboutTop = static_cast<int>((kMainPanelHeight - aboutImage->getHeight()) / 2);
+    about = new CAbout(
+        CRect(70, 184, 225, 204), this, kAboutTag, aboutImage,
+        CRect(aboutLeft, aboutTop, aboutLeft + aboutImage->getWidth(), aboutTop + aboutImage->getHeight()),
+        CPoint(0, 0), CPoint(0, 12));
+    myFrame->addView(about);
+
+    for (CBitmap* bitmap :
+         {handle, unused, meterOff, meterOn, processImage, phaseImage, modeImage, aboutImage})
+        bitmap->forget();
+
+    // The preset panel goes on top of this editor's controls.
+    CPresetSystemEditor::open(parent);
+    return true;
+}
+
+void ADEditor::close()
+{
+    CPresetSystemEditor::close();
+    meter = nullptr;
+    captionS = captionM = nullptr;
+    depthSlider = frequencySlider = widthSlider = nullptr;
+    depthValue = frequencyValue = widthValue = nullptr;
+    depthCaption = frequencyCaption = widthCaption = nullptr;
+    processButton = phaseButton = nullptr;
+    modeButton = nullptr;
+    about = nullptr;
+    if (frame)
+    {
+        CFrame* closing = frame;
+        frame = nullptr;
+        closing->close();
+    }
+    AEffEditor::close();
+}
+
+void ADEditor::idle()
+{
+    // The changes reported since the last idle first, so that this idle's repaint shows them.
+    const std::uint32_t changes = pendingChanges.exchange(0, std::memory_order_relaxed);
+    if (frame && changes)
+    {
+        for (VstInt32 index = 0; index < kParameterCount; ++index)
+            if (changes & (1u << index)) applyParameter(index);
+        frame->setDirty(true);
+    }
+    AEffGUIEditor::idle();
+    CPresetSystemEditor::idle();
+    // The meter stands still while the about screen covers the panel.
+    if (about && about->getValue() == 0.0f && meter) meter->setValue(0.5f + stereoMeter());
+}
+
+void ADEditor::valueChanged(CControl* control)
+{
+    CPresetSystemEditor::valueChanged(control);
+    const int32_t tag = control->getTag();
+    if (tag < 0 || tag >= kParameterCount) return;
+    // Sliders bracket their drags with beginEdit / endEdit themselves; buttons send single changes.
+    setParameterAutomated(tag, control->getValue());
+    control->setDirty();
+}
+
+void ADEditor::setParameter(VstInt32 index, float)
+{
+    // May run on the audio thread (host automation): no control is touched here, the index is noted and the
+    // next idle moves the controls, reading the effect's values back then.
+    const std::uint32_t bit = index >= 0 && index < kParameterCount ? 1u << index : kOtherChange;
+    pendingChanges.fetch_or(bit, std::memory_order_relaxed);
+}
+
+void ADEditor::applyParameter(VstInt32 index)
+{
+    switch (index)
+    {
+    case kDepthTag:
+        if (depthSlider) depthSlider->setValue(normalised(kDepthTag));
+        if (depthValue) depthValue->setValue(normalised(kDepthTag));
+        break;
+    case kFrequencyTag:
+        if (frequencySlider) frequencySlider->setValue(normalised(kFrequencyTag));
+        if (frequencyValue) frequencyValue->setValue(realValue(kFrequencyTag));
+        break;
+    case kWidthTag:
+        if (widthSlider) widthSlider->setValue(normalised(kWidthTag));
+        if (widthValue) widthValue->setValue(widthDisplayValue());
+        break;
+    case kProcessTag:
+        if (processButton) processButton->setValue(normalised(kProcessTag) < 0.5f ? 0.0f : 1.0f);
+        break;
+    case kPhaseTag:
+        if (phaseButton) phaseButton->setValue(normalised(kPhaseTag) < 0.5f ? 0.0f : 1.0f);
+        break;
+    case kModeTag:
+    {
+        const float mode = normalised(kModeTag);
+        if (modeButton) modeButton->setValue(modeButtonValue(mode));
+        if (widthCaption) widthCaption->setValue(mode < 0.75f ? kCaptionWidth : kCaptionEmph);
+        if (widthSlider) widthSlider->setValue(normalised(kWidthTag));
+        if (widthValue)
+        {
+            widthValue->setValue(widthDisplayValue());
+            widthValue->invalid();
+        }
+        if (modeButton) modeButton->invalid();
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+void ADEditor::suspend()
+{
+    if (meter) meter->setValue(0.5f);
+}

@@ -1,0 +1,80 @@
+// The plug-in's editor: the stereo-balance meter, three sliders with their values, the process, phase
+// and mode buttons and the about screen, laid out on one fixed background; the preset panel below them
+// comes from the preset system's editor.
+#pragma once
+
+#include "CPresetSystemEditor.h"
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+
+class CAbout;
+class CBitmap;
+class CClickButton;
+class CHorizontalSlider;
+class COnOffButton;
+class CParamDisplay;
+class CVuMeter1;
+
+class ADEditor : public CPresetSystemEditor
+{
+  public:
+    // What the editor reads from its effect besides the normalised parameters. The effect hands them in,
+    // so the editor needs nothing of the effect's own class.
+    using RealValueReader = std::function<float(VstInt32 index)>; // the mapped value of a parameter
+    using MeterReader = std::function<float()>;                   // the balance, -0.5 .. +0.5
+
+    ADEditor(AudioEffect* effect, RealValueReader realValue, MeterReader stereoMeter);
+    ~ADEditor() override;
+
+    // ---- host requests (host's UI thread)
+    // Builds the frame and every control from the bitmaps, then the preset panel on top.
+    bool open(void* parent) override;
+    // The preset panel first, then the frame with every control in it.
+    void close() override;
+    // Applies the parameter changes reported since the last idle, repaints, and moves the meter.
+    void idle() override;
+    bool hasWindow() const override { return true; }
+
+    // ---- from the controls (UI thread)
+    // Tags 0 to 5 go to the effect as automated changes; everything else is the base class's.
+    void valueChanged(CControl* control) override;
+
+    // ---- from the effect
+    // Any thread, the audio thread included (host automation): only notes the index, lock-free; the
+    // control moves on the next idle. The value is not used: the editor reads the effect back.
+    void setParameter(VstInt32 index, float value) override;
+    // The effect was switched off (UI thread): the meter goes back to the centre.
+    void suspend() override;
+
+  private:
+    // The update of the controls for one parameter index (UI thread, frame open).
+    void applyParameter(VstInt32 index);
+    // The width/emphasis value: the width turned into what the current mode makes of it.
+    float widthDisplayValue() const;
+    float normalised(VstInt32 index) const;
+
+    RealValueReader realValue;
+    MeterReader stereoMeter;
+    CBitmap* background;
+    // Bit n: parameter n changed since the last idle; bit kOtherChange: some other index did.
+    std::atomic<std::uint32_t> pendingChanges{0};
+
+    CVuMeter1* meter = nullptr;
+    CParamDisplay* captionS = nullptr;
+    CParamDisplay* captionM = nullptr;
+    CHorizontalSlider* depthSlider = nullptr;
+    CParamDisplay* depthValue = nullptr;
+    CParamDisplay* depthCaption = nullptr;
+    CHorizontalSlider* frequencySlider = nullptr;
+    CParamDisplay* frequencyValue = nullptr;
+    CParamDisplay* frequencyCaption = nullptr;
+    CHorizontalSlider* widthSlider = nullptr;
+    CParamDisplay* widthValue = nullptr;
+    CParamDisplay* widthCaption = nullptr;
+    COnOffButton* processButton = nullptr;
+    COnOffButton* phaseButton = nullptr;
+    CClickButton* modeButton = nullptr;
+    CAbout* about = nullptr;
+};

@@ -1,0 +1,324 @@
+// The real plug-in's editor in a real X11 window (under Xvfb): its place, clicks and drags reaching the host,
+// host changes and the balance meter on screen, the about screen, and close / reopen.
+#include "CBitmap.h"
+#include "HostRecorder.h"
+#include "TestSurface.h"
+#include "VstTestHost.h"
+#include "X11TestWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cairo.h>
+#include <chrono>
+#include <cmath>
+#include <filesystem>
+#include <functional>
+#include <thread>
+
+namespace
+{
+using namespace std::chrono_literals;
+
+constexpr VstInt32 kMeterRequest = ('Z' << 24) | ('v' << 16) | ('M' << 8) | 't';
+
+// A screenshot of the editor, read back as an image.
+class Screenshot
+{
+  public:
+    explicit Screenshot(X11TestWindow& parent)
+    {
+        const std::string path = (std::filesystem::current_path() / "spatara-editor.png").string();
+        if (parent.screenshot(path)) image = cairo_image_surface_create_from_png(path.c_str());
+    }
+    ~Screenshot()
+    {
+        if (image) cairo_surface_destroy(image);
+    }
+    Screenshot(const Screenshot&) = delete;
+    Screenshot& operator=(const Screenshot&) = delete;
+
+    bool ok() const { return image && cairo_surface_status(image) == CAIRO_STATUS_SUCCESS; }
+    CColor pixel(int x, int y) const { return TestSurface::pixelOf(image, x, y); }
+
+  private:
+    cairo_surface_t* image = nullptr;
+};
+
+CColor pixelOfBitmap(int resource, int x, int y)
+{
+    auto* bitmap = new CBitmap(resource);
+    const CColor color = TestSurface::pixelOf(bitmap->getSurface(), x, y);
+    bitmap->forget();
+    return color;
+}
+
+struct SpataraEditorX11Test : ::testing::Test
+{
+    void SetUp() override
+    {
+        HostRecorder::clear();
+        ASSERT_TRUE(parent.isOpen()) << "no X display";
+        std::string error;
+        host = VstTestHost::load(SPATARA_PLUGIN_PATH, HostRecorder::callback, error);
+        ASSERT_NE(host, nullptr) << error;
+        ASSERT_TRUE(host->hasEditor());
+    }
+    void TearDown() override
+    {
+        stopAudio();
+        if (host) host->closeEditor();
+    }
+
+    AEffect* effect() const { return host->getEffect(); }
+    void setParameter(VstInt32 index, float value) { effect()->setParameter(effect(), index, value); }
+    float getParameter(VstInt32 index) const { return effect()->getParameter(effect(), index); }
+
+    void openEditor()
+    {
+        ASSERT_TRUE(host->openEditor(parent.getWindow()));
+        ASSERT_TRUE(idleUntil([&] { return shown(); }));
+        idleFor(150ms);
+        HostRecorder::clear();
+    }
+    bool shown()
+    {
+        const auto children = parent.children();
+        return children.size() == 1 && children[0].mapped;
+    }
+    // Idles the editor as a host does, about every 10 ms, until done() or the time is up.
+    bool idleUntil(const std::function<bool()>& done, std::chrono::milliseconds limit = 3s)
+    {
+        const auto end = std::chrono::steady_clock::now() + limit;
+        while (std::chrono::steady_clock::now() < end)
+        {
+            host->idleEditor();
+            if (done()) return true;
+            std::this_thread::sleep_for(10ms);
+        }
+        return false;
+    }
+    void idleFor(std::chrono::milliseconds time)
+    {
+        idleUntil([] { return false; }, time);
+    }
+    std::vector<HostRequest> automationOf(VstInt32 index)
+    {
+        std::vector<HostRequest> result;
+        for (const auto& request : HostRecorder::requests())
+            if (request.opcode == audioMasterAutomate && request.index == index) result.push_back(request);
+        return result;
+    }
+
+    // Blocks of 512 frames about as fast as a sound card asks for them; right = left × rightGain.
+    void startAudio(float rightGain)
+    {
+        host->dispatch(effMainsChanged, 0, 1);
+        audioRunning = true;
+        audio = std::thread(
+            [this, rightGain]
+            {
+                std::vector<float> left(512), right(512), outLeft(512), outRight(512);
+                float* inputs[] = {left.data(), right.data()};
+                float* outputs[] = {outLeft.data(), outRight.data()};
+                double phase = 0.0;
+                while (audioRunning)
+                {
+                    for (size_t i = 0; i < left.size(); ++i, phase += 2.0 * M_PI * 440.0 / 44100.0)
+                    {
+                        left[i] = 0.5f * static_cast<float>(std::sin(phase));
+                        right[i] = left[i] * rightGain;
+                    }
+                    effect()->processReplacing(effect(), inputs, outputs, 512);
+                    std::this_thread::sleep_for(11ms);
+                }
+            });
+    }
+    void stopAudio()
+    {
+        if (!audio.joinable()) return;
+        audioRunning = false;
+        audio.join();
+        host->dispatch(effMainsChanged, 0, 0);
+    }
+    float engineMeter()
+    {
+        float value = 0.0f;
+        host->dispatch(effVendorSpecific, kMeterRequest, 0, &value);
+        return value;
+    }
+
+    X11TestWindow parent{302, 250};
+    std::unique_ptr<VstTestHost> host;
+    std::thread audio;
+    std::atomic<bool> audioRunning{false};
+};
+} // namespace
+
+TEST_F(SpataraEditorX11Test, OpensAtExactlyTheEditorRectangleAndDrawsTheBackground)
+{
+    const ERect* rect = host->getEditorRect();
+    ASSERT_NE(rect, nullptr);
+    EXPECT_EQ(rect->right - rect->left, 302);
+    EXPECT_EQ(rect->bottom - rect->top, 250);
+    const auto start = std::chrono::steady_clock::now();
+    ASSERT_TRUE(host->openEditor(parent.getWindow()));
+    RecordProperty(
+        "openMilliseconds",
+        std::to_string(
+            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count()));
+    ASSERT_TRUE(idleUntil([&] { return shown(); }));
+    const auto child = parent.children().at(0);
+    EXPECT_EQ(child.x, 0);
+    EXPECT_EQ(child.y, 0);
+    EXPECT_EQ(child.width, 302);
+    EXPECT_EQ(child.height, 250);
+    idleFor(150ms);
+    Screenshot shot(parent);
+    ASSERT_TRUE(shot.ok());
+    // Bare panel: the header, between the rows, beside the buttons.
+    for (const auto& [x, y] :
+         {std::pair{100, 10}, std::pair{150, 140}, std::pair{280, 160}, std::pair{36, 172}})
+        EXPECT_EQ(shot.pixel(x, y), pixelOfBitmap(128, x, y)) << "at " << x << "," << y;
+}
+
+TEST_F(SpataraEditorX11Test, ProcessPhaseAndModeClicksReachTheHostAsParameters3To5)
+{
+    setParameter(3, 0.0f);
+    setParameter(4, 0.0f);
+    setParameter(5, 0.0f);
+    openEditor();
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 92 160 click 1"));
+    EXPECT_TRUE(idleUntil([&] { return getParameter(3) == 1.0f; }));
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 212 160 click 1"));
+    EXPECT_TRUE(idleUntil([&] { return getParameter(4) == 1.0f; }));
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 152 160 click 1"));
+    EXPECT_TRUE(idleUntil([&] { return getParameter(5) == 0.5f; }));
+    for (VstInt32 index = 3; index <= 5; ++index)
+    {
+        const auto automation = automationOf(index);
+        ASSERT_EQ(automation.size(), 1u) << index;
+        EXPECT_EQ(automation[0].opt, index == 5 ? 0.5f : 1.0f);
+    }
+    // The on/off buttons are gestures; the mode button sends a single change.
+    EXPECT_EQ(HostRecorder::opcodes(),
+              (std::vector<VstInt32>{audioMasterBeginEdit, audioMasterAutomate, audioMasterEndEdit,
+                                     audioMasterBeginEdit, audioMasterAutomate, audioMasterEndEdit,
+                                     audioMasterAutomate}));
+}
+
+TEST_F(SpataraEditorX11Test, DraggingTheDepthHandleIsOneGestureForParameter0)
+{
+    // Depth 0 puts the handle at the right end (x 225..239).
+    setParameter(0, 0.0f);
+    openEditor();
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 232 59 mousedown 1 mousemove 210 59 mousemove 160 59 "
+                                       "mousemove 150 59 mouseup 1"));
+    EXPECT_TRUE(idleUntil(
+        [&]
+        {
+            return !HostRecorder::requests().empty() &&
+                   HostRecorder::requests().back().opcode == audioMasterEndEdit;
+        }));
+    const auto& requests = HostRecorder::requests();
+    ASSERT_GE(requests.size(), 3u);
+    EXPECT_EQ(requests.front().opcode, audioMasterBeginEdit);
+    EXPECT_EQ(requests.front().index, 0);
+    EXPECT_EQ(requests.back().index, 0);
+    for (size_t i = 1; i + 1 < requests.size(); ++i)
+    {
+        EXPECT_EQ(requests[i].opcode, audioMasterAutomate);
+        EXPECT_EQ(requests[i].index, 0);
+    }
+    // Moved 82 px of the 162 px travel towards the left, which holds the maximum.
+    EXPECT_NEAR(getParameter(0), 82.0f / 162.0f, 1e-6);
+}
+
+TEST_F(SpataraEditorX11Test, AParameterSetByTheHostMovesItsSliderAndTextOnScreen)
+{
+    setParameter(0, 0.0f);
+    openEditor();
+    Screenshot before(parent);
+    setParameter(0, 1.0f);
+    idleFor(150ms);
+    Screenshot after(parent);
+    ASSERT_TRUE(before.ok() && after.ok());
+    // The handle left the right end for the left end.
+    EXPECT_EQ(before.pixel(232, 59), pixelOfBitmap(134, 7, 8));
+    EXPECT_EQ(after.pixel(70, 59), pixelOfBitmap(134, 7, 8));
+    EXPECT_NE(after.pixel(232, 59), pixelOfBitmap(134, 7, 8));
+    int changed = 0;
+    for (int y = 54; y < 71; ++y)
+        for (int x = 258; x < 302; ++x)
+            changed += before.pixel(x, y) != after.pixel(x, y);
+    EXPECT_GT(changed, 20) << "the value text did not change from 0% to 100%";
+}
+
+TEST_F(SpataraEditorX11Test, MeterGoesToMWithMonoAndToSWithAntiPhaseAudio)
+{
+    // Off, the effect passes the input on, so the meter reads the input's balance.
+    setParameter(3, 0.0f);
+    openEditor();
+    const CColor litNearM = pixelOfBitmap(135, 175, 5);
+    const CColor unlitNearS = pixelOfBitmap(136, 5, 5);
+
+    startAudio(1.0f);
+    EXPECT_TRUE(idleUntil([&] { return engineMeter() >= 0.49f; }));
+    idleFor(150ms);
+    {
+        Screenshot shot(parent);
+        ASSERT_TRUE(shot.ok());
+        EXPECT_EQ(shot.pixel(60 + 175, 30), litNearM);
+    }
+    stopAudio();
+
+    startAudio(-1.0f);
+    EXPECT_TRUE(idleUntil([&] { return engineMeter() <= -0.49f; }));
+    idleFor(150ms);
+    Screenshot shot(parent);
+    ASSERT_TRUE(shot.ok());
+    EXPECT_EQ(shot.pixel(60 + 5, 30), unlitNearS);
+}
+
+TEST_F(SpataraEditorX11Test, AboutScreenOpensOnAClickAndClosesOnTheNext)
+{
+    openEditor();
+    const CColor panel = pixelOfBitmap(128, 36, 172);
+    const CColor screenCorner = pixelOfBitmap(140, 5, 140);
+    ASSERT_NE(panel, screenCorner);
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 100 194 click 1"));
+    idleFor(150ms);
+    {
+        Screenshot shot(parent);
+        ASSERT_TRUE(shot.ok());
+        EXPECT_EQ(shot.pixel(36, 172), screenCorner);
+    }
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 150 100 click 1"));
+    idleFor(150ms);
+    Screenshot shot(parent);
+    ASSERT_TRUE(shot.ok());
+    EXPECT_EQ(shot.pixel(36, 172), panel);
+    // The about screen is no parameter.
+    EXPECT_TRUE(automationOf(7).empty());
+}
+
+TEST_F(SpataraEditorX11Test, ClosesAndReopensFiveTimesLeavingNothingBehind)
+{
+    auto countFds = []
+    {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
+                             std::filesystem::directory_iterator{});
+    };
+    openEditor();
+    host->closeEditor();
+    const auto fdsBefore = countFds();
+    for (int round = 0; round < 5; ++round)
+    {
+        ASSERT_TRUE(host->openEditor(parent.getWindow())) << "round " << round;
+        ASSERT_TRUE(idleUntil([&] { return shown(); })) << "round " << round;
+        idleFor(30ms);
+        host->closeEditor();
+        EXPECT_TRUE(parent.children().empty()) << "round " << round;
+    }
+    EXPECT_EQ(countFds(), fdsBefore);
+}
