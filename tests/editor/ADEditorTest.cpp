@@ -74,7 +74,15 @@ TEST_F(ADEditorTest, ThePlugInOffersTheEditorAtTheBackgroundsSize)
 
 TEST_F(ADEditorTest, OpenBuildsTheSixteenControlsInTheirPlaces)
 {
-    EXPECT_EQ(frame()->getNbViews(), 16);
+    // The editor's sixteen come first, in the table's order; the preset panel's controls follow them.
+    const char* const kOrder[16] = {
+        "CVuMeter",      "CParamDisplay",     "CParamDisplay",     "CHorizontalSlider",
+        "CParamDisplay", "CParamDisplay",     "CHorizontalSlider", "CParamDisplay",
+        "CParamDisplay", "CHorizontalSlider", "CParamDisplay",     "CParamDisplay",
+        "COnOffButton",  "COnOffButton",      "CClickButton",      "CSplashScreen"};
+    ASSERT_GT(frame()->getNbViews(), 16);
+    for (int i = 0; i < 16; ++i)
+        EXPECT_TRUE(frame()->getView(i)->isTypeOf(kOrder[i])) << "view " << i << " should be a " << kOrder[i];
     EXPECT_EQ(meter()->getViewSize(), CRect(60, 25, 242, 35));
     EXPECT_EQ(meter()->getNbLed(), 182);
     EXPECT_EQ(meter()->getValue(), 0.5f);
