@@ -138,7 +138,8 @@ bool ADEditor::open(void* parent)
     };
     auto slider = [&](int32_t tag, double top, float value, float defaultValue)
     {
-        // Style 16 (kRight) is the panel's own number: it puts the minimum at the right end.
+        // Style 16 is kSliderTop in the slider's own numbering: it leaves a horizontal slider running from
+        // the minimum at the left to the maximum at the right.
         auto* view = new CHorizontalSlider(CRect(63, top, 239, top + handle->getHeight()), this, tag, 63,
                                            static_cast<int32_t>(239 - handle->getWidth()), handle, background,
                                            CPoint(63, top), 16);

@@ -8,7 +8,7 @@ CHorizontalSlider::CHorizontalSlider(const CRect& size, CControlListener* listen
                                      int32_t minPos, int32_t maxPos, CBitmap* handle, CBitmap* background,
                                      const CPoint& offset, int32_t style)
     : CControl(size, listener, tag, background), handle(handle), offset(offset), minPos(minPos),
-      maxPos(maxPos), style(style | kHorizontal)
+      maxPos(maxPos), style(style | kSliderHorizontal)
 {
     if (handle) handle->remember();
 }

@@ -7,12 +7,24 @@
 class CHorizontalSlider : public CControl
 {
   public:
+    // A slider's own style bits, numbered as the library numbers them for sliders (not the control-wide
+    // bits of CControlStyle.h). Only kRight moves the minimum to the right end; kTop and kBottom say
+    // nothing about a horizontal slider, which then runs from left to right.
+    enum SliderStyle : int32_t
+    {
+        kSliderHorizontal = 1 << 0,
+        kSliderVertical = 1 << 1,
+        kSliderLeft = 1 << 2,
+        kSliderRight = 1 << 3,
+        kSliderTop = 1 << 4,
+        kSliderBottom = 1 << 5,
+    };
+
     // minPos and maxPos: the leftmost and rightmost x (frame pixels) of the handle's left edge; offset: the
-    // point of the background bitmap drawn behind the slider. Style kLeft puts the minimum at the left end,
-    // kRight at the right end.
+    // point of the background bitmap drawn behind the slider; style: SliderStyle bits.
     CHorizontalSlider(const CRect& size, CControlListener* listener, int32_t tag, int32_t minPos,
                       int32_t maxPos, CBitmap* handle, CBitmap* background,
-                      const CPoint& offset = CPoint(0, 0), int32_t style = kLeft);
+                      const CPoint& offset = CPoint(0, 0), int32_t style = kSliderLeft);
     CHorizontalSlider(const CHorizontalSlider& other);
 
     void draw(CDrawContext* context) override;
@@ -46,7 +58,7 @@ class CHorizontalSlider : public CControl
     // The value's position 0..1 from the minimum end, as drawn.
     float normalizedPosition() const;
     void setFromPosition(float position);
-    bool minimumAtLeft() const { return !(style & kRight); }
+    bool minimumAtLeft() const { return !(style & kSliderRight); }
 
     CBitmap* handle;
     CPoint offset;

@@ -96,8 +96,8 @@ TEST_F(ADEditorTest, OpenBuildsTheSixteenControlsInTheirPlaces)
         auto* slider = find<CHorizontalSlider>(frame(), "CHorizontalSlider", tag);
         ASSERT_NE(slider, nullptr);
         EXPECT_EQ(slider->getViewSize(), CRect(63, 51 + 32 * tag, 239, 67 + 32 * tag));
-        // The toolkit adds kHorizontal to the panel's 16 (kRight).
-        EXPECT_EQ(slider->getStyle(), kHorizontal | kRight);
+        // The table's 16, with the horizontal bit the slider adds.
+        EXPECT_EQ(slider->getStyle(), CHorizontalSlider::kSliderHorizontal | CHorizontalSlider::kSliderTop);
         EXPECT_FALSE(slider->getFreeClick());
     }
     EXPECT_EQ(textOf(displayAt(frame(), 2, 24)), "S");
@@ -106,13 +106,13 @@ TEST_F(ADEditorTest, OpenBuildsTheSixteenControlsInTheirPlaces)
     EXPECT_EQ(textOf(displayAt(frame(), 2, 86)), "freq");
 }
 
-TEST_F(ADEditorTest, StyleSixteenPutsEachSlidersMinimumAtItsRightEnd)
+TEST_F(ADEditorTest, SlidersRunFromTheMinimumAtTheLeft)
 {
     hostSets(0, 0.0f);
     auto* slider = find<CHorizontalSlider>(frame(), "CHorizontalSlider", 0);
-    EXPECT_EQ(slider->getHandleRect().left, 225);
-    hostSets(0, 1.0f);
     EXPECT_EQ(slider->getHandleRect().left, 63);
+    hostSets(0, 1.0f);
+    EXPECT_EQ(slider->getHandleRect().left, 225);
 }
 
 TEST_F(ADEditorTest, OpeningInMode07ShowsEmphThenAReportedModeChangeShowsWidth)

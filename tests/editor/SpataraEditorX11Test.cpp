@@ -209,11 +209,11 @@ TEST_F(SpataraEditorX11Test, ProcessPhaseAndModeClicksReachTheHostAsParameters3T
 
 TEST_F(SpataraEditorX11Test, DraggingTheDepthHandleIsOneGestureForParameter0)
 {
-    // Depth 0 puts the handle at the right end (x 225..239).
+    // Depth 0 puts the handle at the left end (x 63..77).
     setParameter(0, 0.0f);
     openEditor();
-    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 232 59 mousedown 1 mousemove 210 59 mousemove 160 59 "
-                                       "mousemove 150 59 mouseup 1"));
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 70 59 mousedown 1 mousemove 92 59 mousemove 142 59 "
+                                       "mousemove 152 59 mouseup 1"));
     EXPECT_TRUE(idleUntil(
         [&]
         {
@@ -230,7 +230,7 @@ TEST_F(SpataraEditorX11Test, DraggingTheDepthHandleIsOneGestureForParameter0)
         EXPECT_EQ(requests[i].opcode, audioMasterAutomate);
         EXPECT_EQ(requests[i].index, 0);
     }
-    // Moved 82 px of the 162 px travel towards the left, which holds the maximum.
+    // Moved 82 px of the 162 px travel towards the right, which holds the maximum.
     EXPECT_NEAR(getParameter(0), 82.0f / 162.0f, 1e-6);
 }
 
@@ -243,10 +243,10 @@ TEST_F(SpataraEditorX11Test, AParameterSetByTheHostMovesItsSliderAndTextOnScreen
     idleFor(150ms);
     Screenshot after(parent);
     ASSERT_TRUE(before.ok() && after.ok());
-    // The handle left the right end for the left end.
-    EXPECT_EQ(before.pixel(232, 59), pixelOfBitmap(134, 7, 8));
-    EXPECT_EQ(after.pixel(70, 59), pixelOfBitmap(134, 7, 8));
-    EXPECT_NE(after.pixel(232, 59), pixelOfBitmap(134, 7, 8));
+    // The handle left the left end for the right end.
+    EXPECT_EQ(before.pixel(70, 59), pixelOfBitmap(134, 7, 8));
+    EXPECT_EQ(after.pixel(232, 59), pixelOfBitmap(134, 7, 8));
+    EXPECT_NE(after.pixel(70, 59), pixelOfBitmap(134, 7, 8));
     int changed = 0;
     for (int y = 54; y < 71; ++y)
         for (int x = 258; x < 302; ++x)

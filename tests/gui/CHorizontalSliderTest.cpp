@@ -111,10 +111,20 @@ TEST_F(SliderTest, WheelStepsByTheWheelIncrementAsOneGesture)
               (std::vector<std::string>{"begin 0", "value 0", "end 0", "begin 0", "value 0", "end 0"}));
 }
 
+TEST_F(SliderTest, TopStyleRunsFromTheLeftLikeTheDefault)
+{
+    auto* top = add(new CHorizontalSlider(CRect(0, 100, 100, 116), &recorder, 9, 0, 86, handle, background,
+                                          CPoint(0, 0), CHorizontalSlider::kSliderTop));
+    top->setValue(0.0f);
+    EXPECT_EQ(top->getHandleRect().left, 0);
+    top->setValue(1.0f);
+    EXPECT_EQ(top->getHandleRect().left, 86);
+}
+
 TEST_F(SliderTest, RightStyleHoldsTheMinimumAtTheRightEnd)
 {
     auto* inverted = add(new CHorizontalSlider(CRect(0, 100, 100, 116), &recorder, 9, 0, 86, handle,
-                                               background, CPoint(0, 0), kRight));
+                                               background, CPoint(0, 0), CHorizontalSlider::kSliderRight));
     inverted->setValue(0.0f);
     EXPECT_EQ(inverted->getHandleRect().left, 86);
     inverted->setValue(1.0f);
