@@ -51,6 +51,9 @@ CLineEditor::Result CLineEditor::onKey(const VstKeyCode& key)
     case VKEY_END:
         caret = text.size();
         return kEdited;
+    case VKEY_SPACE: // hosts send the space bar as a virtual key; in a line of text it is a space
+        insertCharacter(' ');
+        return kEdited;
     case 0:
         if (key.character < 0x20 || key.character == 0x7F || key.character > 0x10FFFF) return kNotHandled;
         insertCharacter(static_cast<uint32_t>(key.character));

@@ -53,14 +53,7 @@ CMouseEventResult CZEVTextEdit::onMouseDown(CPoint&, const CButtonState&)
 int32_t CZEVTextEdit::onKeyDown(VstKeyCode& keyCode)
 {
     if (!beingEdited) return -1;
-    // Hosts send the space bar as a virtual key; in a name it is just a space.
-    VstKeyCode key = keyCode;
-    if (key.virt == VKEY_SPACE)
-    {
-        key.virt = 0;
-        key.character = ' ';
-    }
-    switch (lineEditor.onKey(key))
+    switch (lineEditor.onKey(keyCode))
     {
     case CLineEditor::kConfirmed:
         endEditMode(true);

@@ -30,6 +30,14 @@ TEST(CLineEditor, CharactersInsertAtTheCaret)
     EXPECT_EQ(editor.getCaret(), 2u);
 }
 
+TEST(CLineEditor, TheSpaceBarSentAsAVirtualKeyTypesASpace)
+{
+    CLineEditor editor("warm");
+    EXPECT_EQ(editor.onKey(virtualKey(VKEY_SPACE)), CLineEditor::kEdited);
+    editor.onKey(character('r'));
+    EXPECT_EQ(editor.getText(), "warm r");
+}
+
 TEST(CLineEditor, ReturnAndEnterConfirmEscapeCancels)
 {
     CLineEditor editor("x");
