@@ -1,42 +1,25 @@
 #include "VstTestHost.h"
 
-#include <dlfcn.h>
-
 VstTestHost::VstTestHost(AEffect* effect) : effect(effect) {}
 
-VstTestHost::VstTestHost(AEffect* effect, void* library) : effect(effect), library(library) {}
+VstTestHost::VstTestHost(AEffect* effect, std::unique_ptr<VstLibrary> library)
+    : effect(effect), library(std::move(library))
+{
+}
 
+// The effect is closed before its library is unloaded (the member's destructor, after this body).
 VstTestHost::~VstTestHost()
 {
     dispatch(effClose);
-    if (library) dlclose(library);
 }
 
 std::unique_ptr<VstTestHost> VstTestHost::load(const std::string& path, audioMasterCallback callback,
                                                std::string& error)
 {
-    void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (!library)
-    {
-        error = dlerror();
-        return nullptr;
-    }
-    void* entry = dlsym(library, "VSTPluginMain");
-    if (!entry) entry = dlsym(library, "main");
-    if (!entry)
-    {
-        error = "no VSTPluginMain or main in " + path;
-        dlclose(library);
-        return nullptr;
-    }
-    AEffect* effect = reinterpret_cast<VstPluginMainProc>(entry)(callback);
-    if (!effect || effect->magic != kEffectMagic)
-    {
-        error = "the entry made no effect";
-        dlclose(library);
-        return nullptr;
-    }
-    std::unique_ptr<VstTestHost> host(new VstTestHost(effect, library));
+    auto library = VstLibrary::open(path, error);
+    AEffect* effect = library ? library->createEffect(callback, error) : nullptr;
+    if (!effect) return nullptr;
+    std::unique_ptr<VstTestHost> host(new VstTestHost(effect, std::move(library)));
     host->dispatch(effOpen);
     return host;
 }

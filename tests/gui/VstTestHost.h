@@ -3,6 +3,7 @@
 #pragma once
 
 #include "VstInterface.h"
+#include "VstLibrary.h"
 
 #include <memory>
 #include <string>
@@ -32,8 +33,8 @@ class VstTestHost
     void closeEditor() { dispatch(effEditClose); }
 
   private:
-    VstTestHost(AEffect* effect, void* library);
+    VstTestHost(AEffect* effect, std::unique_ptr<VstLibrary> library);
 
     AEffect* effect;
-    void* library = nullptr;
+    std::unique_ptr<VstLibrary> library; // null for an effect made in this process
 };

@@ -1,7 +1,6 @@
 #include "VstPluginHost.h"
 
 #include <cstring>
-#include <dlfcn.h>
 
 namespace
 {
@@ -15,28 +14,12 @@ std::unique_ptr<VstPluginHost> VstPluginHost::load(const std::string& path, std:
 {
     std::unique_ptr<VstPluginHost> host(new VstPluginHost());
     host->hostAnswers = answers;
-    host->library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (!host->library)
-    {
-        const char* why = dlerror();
-        error = "cannot load " + path + ": " + (why ? why : "unknown error");
-        return nullptr;
-    }
-    auto entry = reinterpret_cast<VstPluginMainProc>(dlsym(host->library, "VSTPluginMain"));
-    if (!entry) entry = reinterpret_cast<VstPluginMainProc>(dlsym(host->library, "main"));
-    if (!entry)
-    {
-        error = path + " is not a VST 2.4 plug-in (no VSTPluginMain)";
-        return nullptr;
-    }
+    host->library = VstLibrary::open(path, error);
+    if (!host->library) return nullptr;
     loadingHost = host.get();
-    AEffect* effect = entry(&VstPluginHost::callback);
+    AEffect* effect = host->library->createEffect(&VstPluginHost::callback, error);
     loadingHost = nullptr;
-    if (!effect || effect->magic != kEffectMagic)
-    {
-        error = path + " did not create an effect";
-        return nullptr;
-    }
+    if (!effect) return nullptr;
     effect->user = host.get();
     host->aeffect = effect;
     return host;
@@ -44,8 +27,8 @@ std::unique_ptr<VstPluginHost> VstPluginHost::load(const std::string& path, std:
 
 VstPluginHost::~VstPluginHost()
 {
+    // The effect goes before its library is unloaded (the member's destructor, after this body).
     if (aeffect) aeffect->dispatcher(aeffect, effClose, 0, 0, nullptr, 0.0f);
-    if (library) dlclose(library);
 }
 
 VstIntPtr VstPluginHost::dispatch(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt)

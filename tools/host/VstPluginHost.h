@@ -3,6 +3,7 @@
 #pragma once
 
 #include "VstInterface.h"
+#include "VstLibrary.h"
 
 #include <memory>
 #include <mutex>
@@ -61,7 +62,7 @@ class VstPluginHost
                               float opt);
     VstIntPtr answer(VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr, float opt);
 
-    void* library = nullptr;
+    std::unique_ptr<VstLibrary> library;
     AEffect* aeffect = nullptr;
     VstHostAnswers hostAnswers;
     mutable std::mutex callsMutex;
