@@ -86,22 +86,12 @@ struct SpataraEditorX11Test : ::testing::Test
         const auto children = parent.children();
         return children.size() == 1 && children[0].mapped;
     }
-    // Idles the editor as a host does, about every 10 ms, until done() or the time is up.
-    bool idleUntil(const std::function<bool()>& done, std::chrono::milliseconds limit = 3s)
+    bool idleUntil(const std::function<bool()>& done,
+                   std::chrono::milliseconds limit = std::chrono::seconds(3))
     {
-        const auto end = std::chrono::steady_clock::now() + limit;
-        while (std::chrono::steady_clock::now() < end)
-        {
-            host->idleEditor();
-            if (done()) return true;
-            std::this_thread::sleep_for(10ms);
-        }
-        return false;
+        return host->idleEditorUntil(done, limit);
     }
-    void idleFor(std::chrono::milliseconds time)
-    {
-        idleUntil([] { return false; }, time);
-    }
+    void idleFor(std::chrono::milliseconds time) { host->idleEditorFor(time); }
     std::vector<HostRequest> automationOf(VstInt32 index)
     {
         std::vector<HostRequest> result;

@@ -1,5 +1,7 @@
 #include "VstTestHost.h"
 
+#include <thread>
+
 VstTestHost::VstTestHost(AEffect* effect) : effect(effect) {}
 
 VstTestHost::VstTestHost(AEffect* effect, std::unique_ptr<VstLibrary> library)
@@ -39,4 +41,21 @@ const ERect* VstTestHost::getEditorRect()
 bool VstTestHost::openEditor(unsigned long parentWindow)
 {
     return dispatch(effEditOpen, 0, 0, reinterpret_cast<void*>(parentWindow)) != 0;
+}
+
+bool VstTestHost::idleEditorUntil(const std::function<bool()>& done, std::chrono::milliseconds limit)
+{
+    const auto end = std::chrono::steady_clock::now() + limit;
+    while (std::chrono::steady_clock::now() < end)
+    {
+        idleEditor();
+        if (done()) return true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return false;
+}
+
+void VstTestHost::idleEditorFor(std::chrono::milliseconds time)
+{
+    idleEditorUntil([] { return false; }, time);
 }

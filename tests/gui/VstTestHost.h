@@ -5,6 +5,8 @@
 #include "VstInterface.h"
 #include "VstLibrary.h"
 
+#include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -30,6 +32,11 @@ class VstTestHost
     // effEditOpen with the X11 window id of the parent.
     bool openEditor(unsigned long parentWindow);
     void idleEditor() { dispatch(effEditIdle); }
+    // Idles the editor as a host does (about every 10 ms) until done() answers true or the time is up;
+    // answers whether done() did.
+    bool idleEditorUntil(const std::function<bool()>& done,
+                         std::chrono::milliseconds limit = std::chrono::seconds(3));
+    void idleEditorFor(std::chrono::milliseconds time);
     void closeEditor() { dispatch(effEditClose); }
 
   private:

@@ -33,23 +33,12 @@ struct X11EditorTest : ::testing::Test
 
     void SetUp() override { ASSERT_TRUE(parent.isOpen()) << "no X display"; }
 
-    // Idles the editor as a host does (about every 10 ms) until done() or the time is up.
     bool idleUntil(const std::function<bool()>& done,
                    std::chrono::milliseconds limit = std::chrono::seconds(3))
     {
-        const auto end = std::chrono::steady_clock::now() + limit;
-        while (std::chrono::steady_clock::now() < end)
-        {
-            host.idleEditor();
-            if (done()) return true;
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
-        return false;
+        return host.idleEditorUntil(done, limit);
     }
-    void idleFor(std::chrono::milliseconds time)
-    {
-        idleUntil([] { return false; }, time);
-    }
+    void idleFor(std::chrono::milliseconds time) { host.idleEditorFor(time); }
     bool editorShown()
     {
         const auto children = parent.children();
