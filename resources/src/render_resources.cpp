@@ -77,6 +77,21 @@ void fittedText(cairo_t* cr, const char* s, double left, double right, double ba
     text(cr, s, (left + right) / 2.0, baseline, size, c, false, 0.5);
 }
 
+// Fills the current path with a vertical gradient from upper (at top) to lower (at bottom) and draws its
+// edge one pixel wide: the face of every raised part.
+void fillFace(cairo_t* cr, double top, double bottom, const Rgb& upper, const Rgb& lower, const Rgb& edge)
+{
+    cairo_pattern_t* face = cairo_pattern_create_linear(0, top, 0, bottom);
+    cairo_pattern_add_color_stop_rgb(face, 0, upper.r, upper.g, upper.b);
+    cairo_pattern_add_color_stop_rgb(face, 1, lower.r, lower.g, lower.b);
+    cairo_set_source(cr, face);
+    cairo_fill_preserve(cr);
+    cairo_pattern_destroy(face);
+    setColor(cr, edge);
+    cairo_set_line_width(cr, 1);
+    cairo_stroke(cr);
+}
+
 // A recessed well: darker inside, a light lower edge, a dark upper edge.
 void well(cairo_t* cr, double x, double y, double w, double h, double r, const Rgb& fill)
 {
@@ -242,15 +257,7 @@ cairo_surface_t* sliderHandle()
     cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 14, 16);
     cairo_t* cr = cairo_create(surface);
     roundedRect(cr, 0.5, 0.5, 13, 15, 2.5);
-    cairo_pattern_t* face = cairo_pattern_create_linear(0, 0, 0, 16);
-    cairo_pattern_add_color_stop_rgb(face, 0, 0.36, 0.39, 0.43);
-    cairo_pattern_add_color_stop_rgb(face, 1, 0.14, 0.15, 0.17);
-    cairo_set_source(cr, face);
-    cairo_fill_preserve(cr);
-    cairo_pattern_destroy(face);
-    setColor(cr, kEdgeDark);
-    cairo_set_line_width(cr, 1);
-    cairo_stroke(cr);
+    fillFace(cr, 0, 16, Rgb{0.36, 0.39, 0.43}, Rgb{0.14, 0.15, 0.17}, kEdgeDark);
     setColor(cr, kAccent);
     cairo_rectangle(cr, 6, 3, 2, 10);
     cairo_fill(cr);
@@ -290,15 +297,7 @@ cairo_surface_t* onOffButton(const char* label)
     {
         const double y = on * 18;
         roundedRect(cr, 0.5, y + 0.5, 43, 17, 3);
-        cairo_pattern_t* face = cairo_pattern_create_linear(0, y, 0, y + 18);
-        cairo_pattern_add_color_stop_rgb(face, 0, 0.27, 0.29, 0.33);
-        cairo_pattern_add_color_stop_rgb(face, 1, 0.17, 0.18, 0.21);
-        cairo_set_source(cr, face);
-        cairo_fill_preserve(cr);
-        cairo_pattern_destroy(face);
-        setColor(cr, kEdgeDark);
-        cairo_set_line_width(cr, 1);
-        cairo_stroke(cr);
+        fillFace(cr, y, y + 18, Rgb{0.27, 0.29, 0.33}, Rgb{0.17, 0.18, 0.21}, kEdgeDark);
         cairo_arc(cr, 7, y + 9, 2.5, 0, 2 * M_PI);
         setColor(cr, on ? kAccent : rgb(60, 66, 74));
         cairo_fill(cr);
@@ -314,22 +313,11 @@ void buttonFace(cairo_t* cr, double y, double w, double h, int state)
 {
     roundedRect(cr, 0.5, y + 0.5, w - 1, h - 1, 2.5);
     const double lift = state == 1 ? 0.06 : 0.0;
-    cairo_pattern_t* face = cairo_pattern_create_linear(0, y, 0, y + h);
-    cairo_pattern_add_color_stop_rgb(face, 0, 0.27 + lift, 0.29 + lift, 0.33 + lift);
-    cairo_pattern_add_color_stop_rgb(face, 1, 0.17 + lift, 0.18 + lift, 0.21 + lift);
-    if (state == 2)
-    {
-        cairo_pattern_destroy(face);
-        face = cairo_pattern_create_linear(0, y, 0, y + h);
-        cairo_pattern_add_color_stop_rgb(face, 0, 0.13, 0.14, 0.16);
-        cairo_pattern_add_color_stop_rgb(face, 1, 0.20, 0.22, 0.25);
-    }
-    cairo_set_source(cr, face);
-    cairo_fill_preserve(cr);
-    cairo_pattern_destroy(face);
-    setColor(cr, state == 2 ? kAccent : kEdgeDark);
-    cairo_set_line_width(cr, 1);
-    cairo_stroke(cr);
+    if (state == 2) // pressed: lit from below, with an accent edge
+        fillFace(cr, y, y + h, Rgb{0.13, 0.14, 0.16}, Rgb{0.20, 0.22, 0.25}, kAccent);
+    else
+        fillFace(cr, y, y + h, Rgb{0.27 + lift, 0.29 + lift, 0.33 + lift},
+                 Rgb{0.17 + lift, 0.18 + lift, 0.21 + lift}, kEdgeDark);
 }
 
 Rgb iconColor(int state)
@@ -462,15 +450,7 @@ cairo_surface_t* aboutScreen()
     cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 240, 150);
     cairo_t* cr = cairo_create(surface);
     roundedRect(cr, 0.5, 0.5, 239, 149, 6);
-    cairo_pattern_t* paper = cairo_pattern_create_linear(0, 0, 0, 150);
-    cairo_pattern_add_color_stop_rgb(paper, 0, 0.93, 0.95, 0.96);
-    cairo_pattern_add_color_stop_rgb(paper, 1, 0.80, 0.85, 0.89);
-    cairo_set_source(cr, paper);
-    cairo_fill_preserve(cr);
-    cairo_pattern_destroy(paper);
-    setColor(cr, kEdgeDark);
-    cairo_set_line_width(cr, 1);
-    cairo_stroke(cr);
+    fillFace(cr, 0, 150, Rgb{0.93, 0.95, 0.96}, Rgb{0.80, 0.85, 0.89}, kEdgeDark);
     setColor(cr, rgb(150, 160, 172));
     cairo_move_to(cr, 30, 110.5);
     cairo_line_to(cr, 210, 110.5);
