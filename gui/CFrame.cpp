@@ -81,14 +81,17 @@ bool CFrame::setModalView(CView* view)
     if (modalView)
     {
         CView* old = modalView;
+        const bool hadKeyboard = old->wantsKeyboard();
         modalView = nullptr;
         removeView(old, false);
+        if (hadKeyboard && !focusView && platformWindow) platformWindow->restoreKeyboardFocus();
     }
     modalView = view;
     if (view)
     {
         mouseDownView = nullptr;
         addView(view);
+        if (view->wantsKeyboard() && platformWindow) platformWindow->takeKeyboardFocus();
     }
     return true;
 }

@@ -21,6 +21,7 @@ class COptionMenuPopup : public CView
     CMouseEventResult onMouseUp(CPoint& where, const CButtonState& buttons) override;
     // Arrows move the highlight, Return chooses it, Escape dismisses.
     int32_t onKeyDown(VstKeyCode& keyCode) override;
+    bool wantsKeyboard() const override { return true; }
 
     // The entry under where, or -1.
     int32_t entryAt(const CPoint& where) const;

@@ -66,6 +66,9 @@ class CView : public CBaseObject
     // Called when the view gains or loses the frame's keyboard focus.
     virtual void takeFocus() {}
     virtual void looseFocus() {}
+    // A modal view that answers true gets the window's keyboard while it is shown (popup lists, alerts),
+    // so its keys never go to the host meanwhile.
+    virtual bool wantsKeyboard() const { return false; }
     // Whether a click at where belongs to the view (its mouseable area).
     virtual bool hitTest(const CPoint& where, const CButtonState& buttons = CButtonState());
 

@@ -18,6 +18,7 @@ class CAlertView : public CView
     bool hitTest(const CPoint& where, const CButtonState& buttons = CButtonState()) override;
     CMouseEventResult onMouseDown(CPoint& where, const CButtonState& buttons) override;
     int32_t onKeyDown(VstKeyCode& keyCode) override;
+    bool wantsKeyboard() const override { return true; }
 
     bool isDismissed() const { return dismissed; }
     // The message's lines; once drawn, with the long ones broken to fit the box.

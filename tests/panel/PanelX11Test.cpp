@@ -169,6 +169,19 @@ TEST_F(PanelX11, ChoosingAnEntryInTheOpenListSelectsThatPreset)
     EXPECT_EQ(parameter(0), 0.6f);
 }
 
+TEST_F(PanelX11, TheOpenListTakesTheKeyboard)
+{
+    click(kList);
+    keys("key --delay 20 Down Down Return");
+    EXPECT_EQ(programName(), "enhanced mix 2");
+
+    click(kList);
+    keys("key --delay 20 Down Escape");
+    EXPECT_EQ(programName(), "enhanced mix 2") << "Escape closes the list without choosing";
+    click(kNext); // with the list closed the click reaches the step button
+    EXPECT_EQ(programName(), "enhanced mix 3");
+}
+
 TEST_F(PanelX11, ScreenshotsOfTheListOpenAndOfTheNameBeingEdited)
 {
     click(kList);
