@@ -14,21 +14,30 @@ SPATARA_TEST_PACKAGES=(
     ardour python3 # the plug-in's proof in Ardour, tests/host
 )
 
+# Installed without their recommended packages: Ardour's would bring a whole desktop audio stack that a
+# headless proof does not need.
+SPATARA_LEAN_PACKAGES=(ardour)
+
 # ensure_packages PKG...: runs `apt-get update` once and installs what is not installed yet.
 ensure_packages() {
-    local missing=()
+    local missing=() lean=()
     local pkg
     for pkg in "$@"; do
         if ! dpkg-query -W -f='${Status}' "$pkg" 2>/dev/null | grep -q "install ok installed"; then
-            missing+=("$pkg")
+            if [[ " ${SPATARA_LEAN_PACKAGES[*]} " == *" $pkg "* ]]; then lean+=("$pkg"); else missing+=("$pkg"); fi
         fi
     done
-    if [ ${#missing[@]} -eq 0 ]; then
+    if [ ${#missing[@]} -eq 0 ] && [ ${#lean[@]} -eq 0 ]; then
         return 0
     fi
-    echo "Installing: ${missing[*]}"
+    echo "Installing: ${missing[*]} ${lean[*]}"
     local sudo=""
     if [ "$(id -u)" -ne 0 ]; then sudo="sudo"; fi
     $sudo apt-get update
-    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y --no-install-recommends "${missing[@]}"
+    if [ ${#missing[@]} -gt 0 ]; then
+        DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y "${missing[@]}"
+    fi
+    if [ ${#lean[@]} -gt 0 ]; then
+        DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y --no-install-recommends "${lean[@]}"
+    fi
 }
