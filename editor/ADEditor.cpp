@@ -253,7 +253,8 @@ void ADEditor::idle()
             if (changes & (1u << index)) applyParameter(index);
         frame->setDirty(true);
     }
-    AEffGUIEditor::idle();
+    // The preset panel's idle is the library editor's own (frame repaints, window events, timers): one call
+    // serves both, rather than idling the frame twice.
     CPresetSystemEditor::idle();
     // The meter stands still while the about screen covers the panel.
     if (about && about->getValue() == 0.0f && meter) meter->setValue(0.5f + stereoMeter());
