@@ -234,13 +234,7 @@ void ADEditor::close()
     processButton = phaseButton = nullptr;
     modeButton = nullptr;
     about = nullptr;
-    if (frame)
-    {
-        CFrame* closing = frame;
-        frame = nullptr;
-        closing->close();
-    }
-    AEffEditor::close();
+    AEffGUIEditor::close(); // the frame goes, and every control with it
 }
 
 void ADEditor::idle()

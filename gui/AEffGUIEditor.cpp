@@ -53,23 +53,29 @@ bool AEffGUIEditor::setKnobMode(VstInt32 mode)
     return true;
 }
 
-bool AEffGUIEditor::onKeyDown(VstInt32 character, VstInt32 virtualKey, VstInt32 modifiers)
+namespace
 {
-    if (!frame) return false;
+VstKeyCode keyCodeOf(VstInt32 character, VstInt32 virtualKey, VstInt32 modifiers)
+{
     VstKeyCode code;
     code.character = character;
     code.virt = static_cast<unsigned char>(virtualKey);
     code.modifier = static_cast<unsigned char>(modifiers);
+    return code;
+}
+} // namespace
+
+bool AEffGUIEditor::onKeyDown(VstInt32 character, VstInt32 virtualKey, VstInt32 modifiers)
+{
+    if (!frame) return false;
+    VstKeyCode code = keyCodeOf(character, virtualKey, modifiers);
     return frame->onKeyDown(code) == 1;
 }
 
 bool AEffGUIEditor::onKeyUp(VstInt32 character, VstInt32 virtualKey, VstInt32 modifiers)
 {
     if (!frame) return false;
-    VstKeyCode code;
-    code.character = character;
-    code.virt = static_cast<unsigned char>(virtualKey);
-    code.modifier = static_cast<unsigned char>(modifiers);
+    VstKeyCode code = keyCodeOf(character, virtualKey, modifiers);
     return frame->onKeyUp(code) == 1;
 }
 

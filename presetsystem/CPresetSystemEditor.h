@@ -165,6 +165,8 @@ class CPresetSystemEditor : public AEffGUIEditor, public CControlListener
     CPresetSystemEffect* presetEffect() const;
     newpresetheader makeHeader(char fileType, std::int32_t numChunks, std::int32_t currentPreset,
                                std::int32_t dataSize) const;
+    // A preset image was read into preset n: the panel shows it, the effect takes its name and values.
+    void presentLoadedPreset(long n);
     // Value chunks per preset: one for each parameter that holds a stored value.
     int storedValueCount() const;
 

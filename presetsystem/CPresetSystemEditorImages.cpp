@@ -201,6 +201,16 @@ std::vector<char> CPresetSystemEditor::MidiToBuffer()
 
 // ---------------------------------------------------------------- readers
 
+void CPresetSystemEditor::presentLoadedPreset(long n)
+{
+    CPresetSystemEffect* fx = presetEffect();
+    const char* name = fx->preset(n).name;
+    showPresetName(name);
+    setListEntryTitle(n, name);
+    fx->setPresetName(name);
+    fx->setPresetNo(n);
+}
+
 bool CPresetSystemEditor::BufferToPreset(const char* chunks, std::size_t length,
                                          const newpresetheader* header, bool swap)
 {
@@ -250,10 +260,7 @@ bool CPresetSystemEditor::BufferToPreset(const char* chunks, std::size_t length,
         }
     }
 
-    showPresetName(record.name);
-    setListEntryTitle(n, record.name);
-    fx->setPresetName(record.name);
-    fx->setPresetNo(n);
+    presentLoadedPreset(n);
     return true;
 }
 
@@ -352,10 +359,7 @@ bool CPresetSystemEditor::BufferToPresetOld(const char* data, std::size_t length
         record.values[j] = value;
     }
 
-    showPresetName(record.name);
-    setListEntryTitle(n, record.name);
-    fx->setPresetName(record.name);
-    fx->setPresetNo(n);
+    presentLoadedPreset(n);
     return true;
 }
 
