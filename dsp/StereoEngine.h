@@ -5,6 +5,7 @@
 #include "EnvelopeFollower.h"
 #include "ModeKernel.h"
 #include "ParameterSmoother.h"
+#include "StrictArithmetic.h"
 
 #include <atomic>
 #include <cstdint>

@@ -4,6 +4,7 @@
 #include "CDrawContext.h"
 #include "CFrame.h"
 #include "CSplashScreen.h"
+#include "SpataraVersion.h"
 
 const CColor kDarkBlueCColor = MakeCColor(45, 45, 120, 255);
 const CColor kDarkGreyCColor = MakeCColor(60, 60, 60, 255);
@@ -29,7 +30,7 @@ void CSplashScreenMyView::draw(CDrawContext* context)
               size.top + textOffset.y + kLineHeight);
     context->setFont(kNormalFontSmaller);
     context->setFontColor(kDarkBlueCColor);
-    context->drawString("ZEV Spatara   v.1.9.9", box, kCenterText, true);
+    context->drawString("ZEV Spatara   v." SPATARA_VERSION_STRING, box, kCenterText, true);
     box.offset(0, kLineStep);
     context->drawString("\xC2\xA9 2026 ZEV Sound Design, all rights reserved", box, kCenterText, true);
     box.offset(0, kLineStep);

@@ -4,6 +4,7 @@
 #include "CPresetSystemEditor.h"
 #include "FactoryPresets.h"
 #include "ParameterText.h"
+#include "SpataraVersion.h"
 
 #include <cstdio>
 #include <cstring>
@@ -11,7 +12,7 @@
 namespace
 {
 constexpr VstInt32 kUniqueId = CCONST('Q', 'w', 's', 'n');
-constexpr VstInt32 kVendorVersion = 1990;
+constexpr VstInt32 kVendorVersion = SPATARA_VENDOR_VERSION;
 constexpr VstInt32 kMeterRequest = CCONST('Z', 'v', 'M', 't');
 
 struct ParameterText

@@ -7,16 +7,19 @@ SPATARA_BUILD_PACKAGES=(
     libsndfile1-dev libcairo2-dev
     dpf-source libx11-dev libxext-dev libxcursor-dev libxrandr-dev
     fonts-dejavu-core fontconfig
-    groff
+    groff help2man
 )
 SPATARA_TEST_PACKAGES=(
     xvfb xdotool imagemagick x11-utils zenity sox
     ardour python3 # the plug-in's proof in Ardour, tests/host
 )
 
+# What scripts/release-check needs beyond the build: Debian's package checker.
+SPATARA_RELEASE_PACKAGES=(lintian sox)
+
 # Installed without their recommended packages: Ardour's would bring a whole desktop audio stack that a
 # headless proof does not need.
-SPATARA_LEAN_PACKAGES=(ardour)
+SPATARA_LEAN_PACKAGES=(ardour lintian)
 
 # ensure_packages PKG...: runs `apt-get update` once and installs what is not installed yet.
 ensure_packages() {

@@ -28,16 +28,21 @@ bool parseUnit(const std::string& text, float& value)
 
 const char* renderUsage()
 {
-    return "usage: spatara-render PLUGIN.so IN.wav OUT.wav [--preset N|NAME] [--param NAME=VALUE ...]\n"
-           "                     [--block N] [--double] [--chunk-in FILE] [--chunk-out FILE]\n"
-           "       spatara-render --info PLUGIN.so [--chunk-in FILE] [--chunk-out FILE]\n"
+    // One line per form: the manual page's synopsis is made from these lines.
+    return "Usage: spatara-render PLUGIN.so IN.wav OUT.wav [--preset N|NAME] [--param NAME=VALUE ...] "
+           "[--block N] [--double] [--chunk-in FILE] [--chunk-out FILE]\n"
+           "  or:  spatara-render --info PLUGIN.so [--chunk-in FILE] [--chunk-out FILE]\n"
+           "  or:  spatara-render --help | --version\n"
            "\n"
            "  --preset N|NAME    start from factory or bank preset N (0..37) or the preset of that name\n"
            "  --param NAME=V     set a parameter by name to a normalised value 0..1 (after the preset)\n"
            "  --block N          process in blocks of N frames (default 512)\n"
            "  --double           process in double precision\n"
            "  --chunk-in FILE    restore the state a host saved (as when reopening a project)\n"
-           "  --chunk-out FILE   save the state a host would store in its project\n";
+           "  --chunk-out FILE   save the state a host would store in its project\n"
+           "  --info             print what the plug-in reports about itself instead of rendering\n"
+           "  --help             print this text\n"
+           "  --version          print the version of spatara-render\n";
 }
 
 std::optional<RenderOptions> parseRenderOptions(int argc, char** argv, std::string& error)
@@ -60,6 +65,8 @@ std::optional<RenderOptions> parseRenderOptions(int argc, char** argv, std::stri
         std::string text;
         if (arg == "--help" || arg == "-h")
             options.help = true;
+        else if (arg == "--version")
+            options.version = true;
         else if (arg == "--info")
             options.info = true;
         else if (arg == "--double")
@@ -109,7 +116,7 @@ std::optional<RenderOptions> parseRenderOptions(int argc, char** argv, std::stri
         else
             positional.push_back(arg);
     }
-    if (options.help) return options;
+    if (options.help || options.version) return options;
     if (options.info)
     {
         if (positional.size() != 1)

@@ -10,6 +10,7 @@ struct RenderOptions
 {
     bool info = false;
     bool help = false;
+    bool version = false;
     std::string plugin;
     std::string input;
     std::string output;

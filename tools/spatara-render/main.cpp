@@ -4,6 +4,7 @@
 #include "PluginInfo.h"
 #include "RenderOptions.h"
 #include "Renderer.h"
+#include "SpataraVersion.h"
 #include "VstPluginHost.h"
 
 #include <cstdio>
@@ -42,6 +43,11 @@ int main(int argc, char** argv)
     if (options->help)
     {
         std::cout << renderUsage();
+        return 0;
+    }
+    if (options->version)
+    {
+        std::cout << "spatara-render " SPATARA_VERSION_STRING "\n";
         return 0;
     }
 
