@@ -39,7 +39,7 @@ void setOnOffText(float realValue, char* text)
 bool fillPinProperties(VstInt32 index, const char* format, VstPinProperties* properties)
 {
     if (index > 1) return false;
-    std::memset(properties, 0, sizeof(*properties));
+    // Only the label and the flags are ours to write; the rest of the record stays as the host left it.
     std::snprintf(properties->label, sizeof(properties->label), format, index + 1);
     properties->flags = kVstPinIsActive | kVstPinIsStereo;
     return true;

@@ -164,6 +164,22 @@ TEST_F(PluginBinary, PinPropertiesNameTwoStereoPinsEachWay)
     EXPECT_EQ(std::memcmp(&copy, &untouched, sizeof(copy)), 0);
 }
 
+TEST_F(PluginBinary, PinPropertiesWriteLabelAndFlagsAndLeaveTheRestAsTheHostLeftIt)
+{
+    for (VstInt32 opcode : {effGetInputProperties, effGetOutputProperties})
+    {
+        VstPinProperties hostRecord;
+        std::memset(&hostRecord, 0x33, sizeof(hostRecord));
+        VstPinProperties pin = hostRecord;
+        ASSERT_EQ(host->dispatch(opcode, 1, 0, &pin), 1);
+        EXPECT_STREQ(pin.label, opcode == effGetInputProperties ? "My 2 In" : "My 2 Out");
+        EXPECT_EQ(pin.flags, kVstPinIsActive | kVstPinIsStereo);
+        EXPECT_EQ(pin.arrangementType, hostRecord.arrangementType);
+        EXPECT_EQ(std::memcmp(pin.shortLabel, hostRecord.shortLabel, sizeof(pin.shortLabel)), 0);
+        EXPECT_EQ(std::memcmp(pin.future, hostRecord.future, sizeof(pin.future)), 0);
+    }
+}
+
 TEST_F(PluginBinary, SpeakerArrangementsAcceptMonoOrStereoInIntoStereoOut)
 {
     auto mono = arrangement(1), stereo = arrangement(2);
