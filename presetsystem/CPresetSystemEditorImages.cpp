@@ -75,9 +75,12 @@ class TableSnapshot
     std::vector<PresetRecord> records;
 };
 
-bool hasPayload(const ChunkView& chunk, std::size_t needed)
+// Whether a chunk's fields lie within the image. A chunk may declare fewer bytes than its fields take: the
+// fields are then read from what follows it in the image, and the next chunk still starts where the declared
+// size says, as images have always been read.
+bool hasFields(const ImageReader& reader, const ChunkView& chunk, std::size_t needed)
 {
-    return static_cast<std::size_t>(chunk.size) >= needed;
+    return reader.has(chunk.payload, needed);
 }
 
 void copyName(PresetRecord& record, const char* name)
@@ -232,7 +235,7 @@ bool CPresetSystemEditor::BufferToPreset(const char* chunks, std::size_t length,
         bool valid = walker.next(chunk);
         if (valid && chunk.type == kChunkName)
         {
-            valid = hasPayload(chunk, kPresetNameSize);
+            valid = hasFields(reader, chunk, kPresetNameSize);
             if (valid)
             {
                 copyName(record, reader.at(chunk.payload));
@@ -241,7 +244,7 @@ bool CPresetSystemEditor::BufferToPreset(const char* chunks, std::size_t length,
         }
         else if (valid && chunk.type == kChunkValue)
         {
-            valid = hasPayload(chunk, kValueOffsetInPayload + 4);
+            valid = hasFields(reader, chunk, kValueOffsetInPayload + 4);
             if (valid)
             {
                 const auto parameter = static_cast<std::uint32_t>(reader.int32At(chunk.payload));
@@ -284,14 +287,14 @@ bool CPresetSystemEditor::BufferToBank(const char* chunks, std::size_t length, c
         PresetRecord& record = fx->preset(chunk.presetIndex);
         if (chunk.type == kChunkName)
         {
-            if (!hasPayload(chunk, kPresetNameSize)) return saved.restore();
+            if (!hasFields(reader, chunk, kPresetNameSize)) return saved.restore();
             fx->initializePreset(chunk.presetIndex);
             copyName(record, reader.at(chunk.payload));
             setListEntryTitle(chunk.presetIndex, record.name);
         }
         else if (chunk.type == kChunkValue)
         {
-            if (!hasPayload(chunk, kValueOffsetInPayload + 4)) return saved.restore();
+            if (!hasFields(reader, chunk, kValueOffsetInPayload + 4)) return saved.restore();
             const auto parameter = static_cast<std::uint32_t>(reader.int32At(chunk.payload));
             float value = reader.floatAt(chunk.payload + kValueOffsetInPayload);
             // A bank value out of range is repaired and reported rather than refused.
@@ -326,7 +329,8 @@ bool CPresetSystemEditor::BufferToMidi(const char* chunks, std::size_t length, c
     {
         ChunkView chunk{};
         if (!walker.next(chunk)) return false; // assignments already made are kept, as with a bad value
-        if (chunk.type != kChunkMidiAssignment || !hasPayload(chunk, kValueOffsetInPayload + 4)) continue;
+        if (chunk.type != kChunkMidiAssignment || !hasFields(reader, chunk, kValueOffsetInPayload + 4))
+            continue;
         const auto parameter = static_cast<std::uint32_t>(reader.int32At(chunk.payload));
         const float value = reader.floatAt(chunk.payload + kValueOffsetInPayload);
         if (parameter < static_cast<std::uint32_t>(kNumStoredValues) && isNormalised(value))
