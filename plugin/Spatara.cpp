@@ -2,6 +2,7 @@
 
 #include "ADEditor.h"
 #include "CPresetSystemEditor.h"
+#include "EngineCoefficients.h"
 #include "FactoryPresets.h"
 #include "ParameterText.h"
 #include "SpataraVersion.h"
@@ -161,6 +162,12 @@ void Spatara::processReplacing(float** inputs, float** outputs, VstInt32 sampleF
 void Spatara::processDoubleReplacing(double** inputs, double** outputs, VstInt32 sampleFrames)
 {
     process(inputs, outputs, sampleFrames);
+}
+
+VstInt32 Spatara::getGetTailSize()
+{
+    // The longest delay, not the current one: automation may lengthen it after the host has asked.
+    return spatara::tailLength(getSampleRate());
 }
 
 VstIntPtr Spatara::vendorSpecific(VstInt32 index, VstIntPtr, void* ptr, float)
