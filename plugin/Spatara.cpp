@@ -359,6 +359,7 @@ void Spatara::initPresets()
         PresetRecord& record = preset(n);
         std::memset(record.name, 0, sizeof(record.name));
         std::strncpy(record.name, kFactoryPresets[n].name, kPresetNameSize - 1);
-        std::memcpy(record.values, kFactoryPresets[n].values, sizeof(record.values));
+        for (int i = 0; i < kNumStoredValues; ++i)
+            record.setValue(i, kFactoryPresets[n].values[i]);
     }
 }

@@ -139,7 +139,7 @@ std::vector<char> CPresetSystemEditor::PresetToBuffer()
         writer.int32(i);
         writer.int32(0);
         writer.int32(0);
-        writer.float32(record.values[i]); // as it is: a preset is saved without range check
+        writer.float32(record.value(i)); // as it is: a preset is saved without range check
         writer.int32(0);
     }
     return writer.take();
@@ -164,7 +164,7 @@ std::vector<char> CPresetSystemEditor::BankToBuffer()
         for (int i = 0; i < kNumStoredValues; ++i)
         {
             if (fx->isDummy(i)) continue;
-            float value = record.values[i];
+            float value = record.value(i);
             // A bank is repaired on save (the table is not); NaN passes unchanged.
             if (value < 0.0f || value > 1.0f)
             {
@@ -252,7 +252,7 @@ bool CPresetSystemEditor::BufferToPreset(const char* chunks, std::size_t length,
                 if (parameter < static_cast<std::uint32_t>(kNumStoredValues))
                 {
                     valid = isNormalised(value);
-                    if (valid) record.values[parameter] = value;
+                    if (valid) record.setValue(static_cast<int>(parameter), value);
                 }
             }
         }
@@ -307,7 +307,7 @@ bool CPresetSystemEditor::BufferToBank(const char* chunks, std::size_t length, c
             {
                 if (!isNormalised(value)) // only NaN is left here
                     return saved.restore();
-                record.values[parameter] = value;
+                record.setValue(static_cast<int>(parameter), value);
             }
         }
     }
@@ -360,7 +360,7 @@ bool CPresetSystemEditor::BufferToPresetOld(const char* data, std::size_t length
             fx->preset(n) = saved;
             return false;
         }
-        record.values[j] = value;
+        record.setValue(j, value);
     }
 
     presentLoadedPreset(n);
@@ -390,7 +390,7 @@ bool CPresetSystemEditor::BufferToBankOld(const char* data, std::size_t length, 
             if (fx->isDummyOld(j)) continue;
             const float value = reader.floatAt(base + kPresetNameSize + static_cast<std::size_t>(j) * 4);
             if (!isNormalised(value)) return saved.restore();
-            record.values[j] = value;
+            record.setValue(j, value);
         }
     }
 

@@ -113,7 +113,7 @@ VstInt32 CPresetSystemEffect::setChunkOld(void* data, VstInt32 byteSize, bool, b
             const float value = records.floatAt(base + kPresetNameSize + j * 4);
             // Refused at the first bad value; the presets read so far stay, as they always have.
             if (!(value >= 0.0f && value <= 1.0f)) return -1;
-            record.values[j] = value;
+            record.setValue(static_cast<int>(j), value);
         }
     }
     setPresetNo(current < 0 || current > kNumPresets - 1 ? 0 : current);
