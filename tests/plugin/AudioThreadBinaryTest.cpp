@@ -7,6 +7,7 @@
 #include <limits>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 #include <xmmintrin.h>
 
@@ -56,21 +57,16 @@ template <typename Sample> Block<Sample> music(int blockNumber)
     return block;
 }
 
-Block<float> process(VstPluginHost& host, Block<float> in)
+template <typename Sample> Block<Sample> process(VstPluginHost& host, Block<Sample> in)
 {
-    Block<float> out;
-    float* inputs[2] = {in.left.data(), in.right.data()};
-    float* outputs[2] = {out.left.data(), out.right.data()};
-    host.effect()->processReplacing(host.effect(), inputs, outputs, kBlock);
-    return out;
-}
-
-Block<double> process(VstPluginHost& host, Block<double> in)
-{
-    Block<double> out;
-    double* inputs[2] = {in.left.data(), in.right.data()};
-    double* outputs[2] = {out.left.data(), out.right.data()};
-    host.effect()->processDoubleReplacing(host.effect(), inputs, outputs, kBlock);
+    Block<Sample> out;
+    Sample* inputs[2] = {in.left.data(), in.right.data()};
+    Sample* outputs[2] = {out.left.data(), out.right.data()};
+    AEffect* e = host.effect();
+    if constexpr (std::is_same_v<Sample, float>)
+        e->processReplacing(e, inputs, outputs, kBlock);
+    else
+        e->processDoubleReplacing(e, inputs, outputs, kBlock);
     return out;
 }
 

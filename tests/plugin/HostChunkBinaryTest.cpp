@@ -1,7 +1,7 @@
 // The host chunk as a host meets it: the built Spatara.so, effGetChunk and effSetChunk through the
 // dispatcher, and what the table then says through the program names and parameter values.
 #include "ImageBytes.h"
-#include "VstPluginHost.h"
+#include "StartedPluginTest.h"
 
 #include <cstdio>
 #include <gtest/gtest.h>
@@ -12,20 +12,10 @@
 namespace
 {
 constexpr std::int32_t kQwsn = CCONST('Q', 'w', 's', 'n');
-constexpr std::size_t kOldHead = 32;
 
-class HostChunkThroughTheBinary : public ::testing::Test
+class HostChunkThroughTheBinary : public StartedPluginTest
 {
   protected:
-    void SetUp() override
-    {
-        std::string error;
-        host = VstPluginHost::load(SPATARA_PLUGIN_PATH, error);
-        ASSERT_TRUE(host) << error;
-        host->open();
-        host->start(44100.0f, 512);
-    }
-
     Bytes getChunk()
     {
         void* data = nullptr;
@@ -48,27 +38,12 @@ class HostChunkThroughTheBinary : public ::testing::Test
 
     float parameter(int index) { return host->effect()->getParameter(host->effect(), index); }
 
-    // A chunk of the form hosts saved before the current one: version 1, identifier, preset count, current
-    // preset, 16 unused bytes, then records of a name and the given number of values.
+    static float oldValue(int preset, int value) { return 0.01f * static_cast<float>(preset) + 0.1f * value; }
+
     static Bytes oldChunk(std::int32_t count, std::int32_t current, int values)
     {
-        Bytes chunk(kOldHead, 0);
-        putInt32(chunk, 0, 0x01000000);
-        putInt32(chunk, 4, kQwsn);
-        putInt32(chunk, 8, count);
-        putInt32(chunk, 12, current);
-        for (int n = 0; n < count; ++n)
-        {
-            Bytes record(24 + 4 * static_cast<std::size_t>(values), 0);
-            std::snprintf(record.data(), 24, "legacy %d", n);
-            for (int j = 0; j < values; ++j)
-                putFloat(record, 24 + static_cast<std::size_t>(j) * 4, oldValue(n, j));
-            chunk.insert(chunk.end(), record.begin(), record.end());
-        }
-        return chunk;
+        return oldHostChunk(kQwsn, count, current, values, oldValue);
     }
-
-    static float oldValue(int preset, int value) { return 0.01f * static_cast<float>(preset) + 0.1f * value; }
 
     // A host chunk around a hand-made bank image.
     static Bytes hostChunk(const Bytes& bank)
@@ -79,8 +54,6 @@ class HostChunkThroughTheBinary : public ::testing::Test
         chunk.insert(chunk.end(), bank.begin(), bank.end());
         return chunk;
     }
-
-    std::unique_ptr<VstPluginHost> host;
 };
 } // namespace
 

@@ -1,5 +1,5 @@
 // The built Spatara.so, loaded with dlopen and spoken to only through the VST 2.4 dispatcher, as a host does.
-#include "VstPluginHost.h"
+#include "StartedPluginTest.h"
 
 #include <array>
 #include <cstdio>
@@ -11,25 +11,14 @@
 
 namespace
 {
-class PluginBinary : public ::testing::Test
+class PluginBinary : public StartedPluginTest
 {
   protected:
-    void SetUp() override
-    {
-        std::string error;
-        host = VstPluginHost::load(SPATARA_PLUGIN_PATH, error);
-        ASSERT_TRUE(host) << error;
-        host->open();
-        host->start(44100.0f, 512);
-    }
-
     std::string display(VstInt32 index, float value)
     {
         host->effect()->setParameter(host->effect(), index, value);
         return host->text(effGetParamDisplay, index);
     }
-
-    std::unique_ptr<VstPluginHost> host;
 };
 
 VstSpeakerArrangement arrangement(VstInt32 channels)
