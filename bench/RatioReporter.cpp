@@ -36,7 +36,7 @@ void RatioReporter::printTable(std::ostream& out) const
 {
     char cell[64];
     out << "\nns per frame (ratio to the floor of the same block size)\n";
-    std::snprintf(cell, sizeof cell, "%-22s", "block");
+    std::snprintf(cell, sizeof cell, "%-30s", "block");
     out << cell;
     for (const std::string& block : blocks_)
     {
@@ -47,7 +47,7 @@ void RatioReporter::printTable(std::ostream& out) const
 
     for (const std::string& row : rows_)
     {
-        std::snprintf(cell, sizeof cell, "%-22s", row.c_str());
+        std::snprintf(cell, sizeof cell, "%-30s", row.c_str());
         out << cell;
         for (const std::string& block : blocks_)
         {
@@ -60,6 +60,33 @@ void RatioReporter::printTable(std::ostream& out) const
             else
                 std::snprintf(cell, sizeof cell, "%9.2f (%.2fx)", value->second,
                               value->second / floor->second);
+            out << cell;
+        }
+        out << '\n';
+    }
+}
+
+void RatioReporter::printDenormalTable(std::ostream& out) const
+{
+    static const std::string kDenormal = "-denormal";
+    char cell[64];
+    out << "\nns per frame of denormal input (ratio to the same row with normal input)\n";
+    for (const std::string& row : rows_)
+    {
+        const size_t at = row.find(kDenormal);
+        if (at == std::string::npos) continue;
+        const std::string normalRow = row.substr(0, at) + row.substr(at + kDenormal.size());
+        std::snprintf(cell, sizeof cell, "%-30s", row.c_str());
+        out << cell;
+        for (const std::string& block : blocks_)
+        {
+            const auto value = nsPerFrame_.find(row + '/' + block);
+            const auto normal = nsPerFrame_.find(normalRow + '/' + block);
+            if (value == nsPerFrame_.end() || normal == nsPerFrame_.end())
+                std::snprintf(cell, sizeof cell, "%17s", "-");
+            else
+                std::snprintf(cell, sizeof cell, "%9.2f (%.2fx)", value->second,
+                              value->second / normal->second);
             out << cell;
         }
         out << '\n';

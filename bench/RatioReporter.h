@@ -8,7 +8,8 @@
 #include <vector>
 
 // Console reporter that also keeps each benchmark's ns_per_frame (the best over repetitions) and
-// prints, at the end, every figure beside its ratio to the floor kernel of the same block size.
+// prints, at the end, every figure beside its ratio to the floor kernel of the same block size, and each
+// figure for denormal input beside its ratio to the same work on normal input.
 // Benchmarks are named "<row>/<block>"; the floor's row is "floor". Rows and columns keep the order
 // in which the benchmarks ran.
 class RatioReporter : public benchmark::ConsoleReporter
@@ -16,6 +17,8 @@ class RatioReporter : public benchmark::ConsoleReporter
   public:
     void ReportRuns(const std::vector<Run>& runs) override;
     void printTable(std::ostream& out) const;
+    // Rows named "<row>-denormal<rest>" beside their ratio to "<row><rest>", the same work on normal input.
+    void printDenormalTable(std::ostream& out) const;
 
   private:
     std::map<std::string, double> nsPerFrame_;

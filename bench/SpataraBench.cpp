@@ -12,6 +12,7 @@
 
 #include <cmath>
 #include <iostream>
+#include <limits>
 #include <random>
 #include <string>
 #include <vector>
@@ -22,16 +23,19 @@ namespace
 constexpr float kSampleRate = 44100.0f;
 const int kBlocks[] = {64, 512, 4096};
 
-// Partly correlated stereo noise, so that both envelopes carry signal.
-template <typename Sample> void fillStereoNoise(std::vector<Sample>& left, std::vector<Sample>& right)
+// Partly correlated stereo noise, so that both envelopes carry signal, at full level or scaled down to
+// the denormal range of the sample type (below 1.2e-38 for float, 2.2e-308 for double).
+template <typename Sample>
+void fillStereoNoise(std::vector<Sample>& left, std::vector<Sample>& right, bool denormal = false)
 {
     std::minstd_rand random(1234);
     std::uniform_real_distribution<float> noise(-0.5f, 0.5f);
+    const Sample scale = denormal ? std::numeric_limits<Sample>::denorm_min() * Sample(1 << 20) : Sample(1);
     for (size_t n = 0; n < left.size(); ++n)
     {
         const float common = noise(random);
-        left[n] = Sample(common + 0.3f * noise(random));
-        right[n] = Sample(common + 0.3f * noise(random));
+        left[n] = Sample(common + 0.3f * noise(random)) * scale;
+        right[n] = Sample(common + 0.3f * noise(random)) * scale;
     }
 }
 
@@ -47,13 +51,14 @@ struct Variant
     const char* name;
     float mode;
     bool bypass;
-    bool gliding; // targets moved every block, so the smoothing never rests
+    bool gliding;  // targets moved every block, so the smoothing never rests
+    bool denormal; // input in the denormal range of the sample type
 };
 
 template <typename Sample> void engineBlock(benchmark::State& state, Variant variant, int block)
 {
     std::vector<Sample> inL(block), inR(block), outL(block), outR(block);
-    fillStereoNoise(inL, inR);
+    fillStereoNoise(inL, inR, variant.denormal);
 
     spatara::StereoEngine engine;
     engine.setDepth(1.0f);
@@ -109,10 +114,20 @@ void registerBenchmarks()
     for (int block : kBlocks)
         benchmark::RegisterBenchmark(("floor/" + std::to_string(block)).c_str(), envelopeFloor, block);
 
-    const Variant variants[] = {{"mode0", 0.0f, false, false},        {"mode1", 1.0f, false, false},
-                                {"mode2", 2.0f, false, false},        {"bypass", 0.0f, true, false},
-                                {"mode0-gliding", 0.0f, false, true}, {"mode1-gliding", 1.0f, false, true},
-                                {"mode2-gliding", 2.0f, false, true}};
+    const Variant variants[] = {{"mode0", 0.0f, false, false, false},
+                                {"mode1", 1.0f, false, false, false},
+                                {"mode2", 2.0f, false, false, false},
+                                {"bypass", 0.0f, true, false, false},
+                                {"mode0-gliding", 0.0f, false, true, false},
+                                {"mode1-gliding", 1.0f, false, true, false},
+                                {"mode2-gliding", 2.0f, false, true, false},
+                                {"mode0-denormal", 0.0f, false, false, true},
+                                {"mode1-denormal", 1.0f, false, false, true},
+                                {"mode2-denormal", 2.0f, false, false, true},
+                                {"bypass-denormal", 0.0f, true, false, true},
+                                {"mode0-gliding-denormal", 0.0f, false, true, true},
+                                {"mode1-gliding-denormal", 1.0f, false, true, true},
+                                {"mode2-gliding-denormal", 2.0f, false, true, true}};
     const auto name = [](const Variant& variant, const char* precision, int block)
     { return std::string(variant.name) + '-' + precision + '/' + std::to_string(block); };
     for (const Variant& variant : variants)
@@ -136,6 +151,7 @@ int main(int argc, char** argv)
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.printTable(std::cout);
+    reporter.printDenormalTable(std::cout);
     benchmark::Shutdown();
     return 0;
 }

@@ -28,4 +28,9 @@ int32_t targetDelayPosition(float sampleRate, float baseFrequency)
     return static_cast<int32_t>(position);
 }
 
+int32_t tailLength(float sampleRate)
+{
+    return DelayLine::kLength - targetDelayPosition(sampleRate, kLowestBaseFrequency) + 1;
+}
+
 } // namespace spatara

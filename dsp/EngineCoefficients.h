@@ -13,6 +13,14 @@ float smoothingCoefficient(float sampleRate);
 // Shared by the two balance envelopes: closes 15/16 of a step in 600 ms.
 double envelopeCoefficient(float sampleRate);
 
+// The lowest base frequency, whose period is the longest delay.
+constexpr float kLowestBaseFrequency = 20.0f;
+
+// Frames the effect keeps sounding after its input has stopped: the longest delay, plus one frame in which
+// the emphasis of modes 1 and 2 still subtracts the last delayed sample. Interpolated reads never reach
+// further back than the whole delay, and the smoothing only scales what is there.
+int32_t tailLength(float sampleRate);
+
 // The read position, counted forward from the write index, that lies one period of the base
 // frequency back. Kept within 1..32767 so the delay never exceeds what the line holds, whatever the
 // sample rate.

@@ -2,6 +2,8 @@
 
 #include "Flush.h"
 
+#include <limits>
+
 namespace spatara
 {
 
@@ -14,6 +16,8 @@ class EnvelopeFollower
 
     void follow(double magnitude, double coefficient)
     {
+        // A NaN or infinite sample counts as silence: once inside the recursion it would stay there for good.
+        if (!(magnitude <= std::numeric_limits<double>::max())) magnitude = 0.0;
         value_ = flushFine(value_ + (magnitude - value_) * coefficient);
     }
 

@@ -1,5 +1,6 @@
 #include "StereoEngine.h"
 
+#include "DenormalGuard.h"
 #include "EngineCoefficients.h"
 #include "Flush.h"
 #include "StereoMeter.h"
@@ -164,6 +165,7 @@ template <typename Sample>
 void StereoEngine::processBlock(const Sample* inL, const Sample* inR, Sample* outL, Sample* outR,
                                 int32_t frames)
 {
+    const DenormalGuard flushDenormals;
     if (clearRequested_.exchange(false, std::memory_order_acquire))
     {
         lineA_.clear();

@@ -2,6 +2,7 @@
 
 #include "ADEditor.h"
 #include "CPresetSystemEditor.h"
+#include "EngineCoefficients.h"
 #include "FactoryPresets.h"
 #include "ParameterText.h"
 #include "SpataraVersion.h"
@@ -39,7 +40,7 @@ void setOnOffText(float realValue, char* text)
 bool fillPinProperties(VstInt32 index, const char* format, VstPinProperties* properties)
 {
     if (index > 1) return false;
-    std::memset(properties, 0, sizeof(*properties));
+    // Only the label and the flags are ours to write; the rest of the record stays as the host left it.
     std::snprintf(properties->label, sizeof(properties->label), format, index + 1);
     properties->flags = kVstPinIsActive | kVstPinIsStereo;
     return true;
@@ -161,6 +162,12 @@ void Spatara::processReplacing(float** inputs, float** outputs, VstInt32 sampleF
 void Spatara::processDoubleReplacing(double** inputs, double** outputs, VstInt32 sampleFrames)
 {
     process(inputs, outputs, sampleFrames);
+}
+
+VstInt32 Spatara::getGetTailSize()
+{
+    // The longest delay, not the current one: automation may lengthen it after the host has asked.
+    return spatara::tailLength(getSampleRate());
 }
 
 VstIntPtr Spatara::vendorSpecific(VstInt32 index, VstIntPtr, void* ptr, float)
@@ -352,6 +359,7 @@ void Spatara::initPresets()
         PresetRecord& record = preset(n);
         std::memset(record.name, 0, sizeof(record.name));
         std::strncpy(record.name, kFactoryPresets[n].name, kPresetNameSize - 1);
-        std::memcpy(record.values, kFactoryPresets[n].values, sizeof(record.values));
+        for (int i = 0; i < kNumStoredValues; ++i)
+            record.setValue(i, kFactoryPresets[n].values[i]);
     }
 }

@@ -29,6 +29,8 @@ class Spatara : public CPresetSystemEffect
     // ---- processing (audio thread)
     void processReplacing(float** inputs, float** outputs, VstInt32 sampleFrames) override;
     void processDoubleReplacing(double** inputs, double** outputs, VstInt32 sampleFrames) override;
+    // Frames of echo after the input stops, at the current sample rate (host's UI thread).
+    VstInt32 getGetTailSize() override;
     // The balance meter, -0.5 (anti-phase) .. +0.5 (mono); any thread.
     float getStereoMeter() const { return engine.meter(); }
     // Our own request: 'ZvMt' writes the balance meter into the float at ptr, so offline hosts can show it.

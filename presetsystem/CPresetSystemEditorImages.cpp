@@ -75,9 +75,12 @@ class TableSnapshot
     std::vector<PresetRecord> records;
 };
 
-bool hasPayload(const ChunkView& chunk, std::size_t needed)
+// Whether a chunk's fields lie within the image. A chunk may declare fewer bytes than its fields take: the
+// fields are then read from what follows it in the image, and the next chunk still starts where the declared
+// size says, as images have always been read.
+bool hasFields(const ImageReader& reader, const ChunkView& chunk, std::size_t needed)
 {
-    return static_cast<std::size_t>(chunk.size) >= needed;
+    return reader.has(chunk.payload, needed);
 }
 
 void copyName(PresetRecord& record, const char* name)
@@ -136,7 +139,7 @@ std::vector<char> CPresetSystemEditor::PresetToBuffer()
         writer.int32(i);
         writer.int32(0);
         writer.int32(0);
-        writer.float32(record.values[i]); // as it is: a preset is saved without range check
+        writer.float32(record.value(i)); // as it is: a preset is saved without range check
         writer.int32(0);
     }
     return writer.take();
@@ -161,7 +164,7 @@ std::vector<char> CPresetSystemEditor::BankToBuffer()
         for (int i = 0; i < kNumStoredValues; ++i)
         {
             if (fx->isDummy(i)) continue;
-            float value = record.values[i];
+            float value = record.value(i);
             // A bank is repaired on save (the table is not); NaN passes unchanged.
             if (value < 0.0f || value > 1.0f)
             {
@@ -232,7 +235,7 @@ bool CPresetSystemEditor::BufferToPreset(const char* chunks, std::size_t length,
         bool valid = walker.next(chunk);
         if (valid && chunk.type == kChunkName)
         {
-            valid = hasPayload(chunk, kPresetNameSize);
+            valid = hasFields(reader, chunk, kPresetNameSize);
             if (valid)
             {
                 copyName(record, reader.at(chunk.payload));
@@ -241,7 +244,7 @@ bool CPresetSystemEditor::BufferToPreset(const char* chunks, std::size_t length,
         }
         else if (valid && chunk.type == kChunkValue)
         {
-            valid = hasPayload(chunk, kValueOffsetInPayload + 4);
+            valid = hasFields(reader, chunk, kValueOffsetInPayload + 4);
             if (valid)
             {
                 const auto parameter = static_cast<std::uint32_t>(reader.int32At(chunk.payload));
@@ -249,7 +252,7 @@ bool CPresetSystemEditor::BufferToPreset(const char* chunks, std::size_t length,
                 if (parameter < static_cast<std::uint32_t>(kNumStoredValues))
                 {
                     valid = isNormalised(value);
-                    if (valid) record.values[parameter] = value;
+                    if (valid) record.setValue(static_cast<int>(parameter), value);
                 }
             }
         }
@@ -284,14 +287,14 @@ bool CPresetSystemEditor::BufferToBank(const char* chunks, std::size_t length, c
         PresetRecord& record = fx->preset(chunk.presetIndex);
         if (chunk.type == kChunkName)
         {
-            if (!hasPayload(chunk, kPresetNameSize)) return saved.restore();
+            if (!hasFields(reader, chunk, kPresetNameSize)) return saved.restore();
             fx->initializePreset(chunk.presetIndex);
             copyName(record, reader.at(chunk.payload));
             setListEntryTitle(chunk.presetIndex, record.name);
         }
         else if (chunk.type == kChunkValue)
         {
-            if (!hasPayload(chunk, kValueOffsetInPayload + 4)) return saved.restore();
+            if (!hasFields(reader, chunk, kValueOffsetInPayload + 4)) return saved.restore();
             const auto parameter = static_cast<std::uint32_t>(reader.int32At(chunk.payload));
             float value = reader.floatAt(chunk.payload + kValueOffsetInPayload);
             // A bank value out of range is repaired and reported rather than refused.
@@ -304,7 +307,7 @@ bool CPresetSystemEditor::BufferToBank(const char* chunks, std::size_t length, c
             {
                 if (!isNormalised(value)) // only NaN is left here
                     return saved.restore();
-                record.values[parameter] = value;
+                record.setValue(static_cast<int>(parameter), value);
             }
         }
     }
@@ -326,7 +329,8 @@ bool CPresetSystemEditor::BufferToMidi(const char* chunks, std::size_t length, c
     {
         ChunkView chunk{};
         if (!walker.next(chunk)) return false; // assignments already made are kept, as with a bad value
-        if (chunk.type != kChunkMidiAssignment || !hasPayload(chunk, kValueOffsetInPayload + 4)) continue;
+        if (chunk.type != kChunkMidiAssignment || !hasFields(reader, chunk, kValueOffsetInPayload + 4))
+            continue;
         const auto parameter = static_cast<std::uint32_t>(reader.int32At(chunk.payload));
         const float value = reader.floatAt(chunk.payload + kValueOffsetInPayload);
         if (parameter < static_cast<std::uint32_t>(kNumStoredValues) && isNormalised(value))
@@ -356,7 +360,7 @@ bool CPresetSystemEditor::BufferToPresetOld(const char* data, std::size_t length
             fx->preset(n) = saved;
             return false;
         }
-        record.values[j] = value;
+        record.setValue(j, value);
     }
 
     presentLoadedPreset(n);
@@ -386,7 +390,7 @@ bool CPresetSystemEditor::BufferToBankOld(const char* data, std::size_t length, 
             if (fx->isDummyOld(j)) continue;
             const float value = reader.floatAt(base + kPresetNameSize + static_cast<std::size_t>(j) * 4);
             if (!isNormalised(value)) return saved.restore();
-            record.values[j] = value;
+            record.setValue(j, value);
         }
     }
 

@@ -60,13 +60,13 @@ void CPresetSystemEffect::setParameter(VstInt32 index, float value)
 {
     if (index < 0 || index >= kNumStoredValues) return;
     // Automation may arrive on the audio thread while the UI thread reads the table.
-    std::atomic_ref<float>(preset(getPresetNo()).values[index]).store(value, std::memory_order_relaxed);
+    preset(getPresetNo()).setValue(index, value);
 }
 
 float CPresetSystemEffect::getParameter(VstInt32 index)
 {
     if (index < 0 || index >= kNumStoredValues) return -1.0f;
-    return std::atomic_ref<float>(preset(getPresetNo()).values[index]).load(std::memory_order_relaxed);
+    return preset(getPresetNo()).value(index);
 }
 
 long CPresetSystemEffect::getPresetNo() const
@@ -82,7 +82,7 @@ void CPresetSystemEffect::setPresetNo(long n)
     presetNo = n;
     for (int i = 0; i < kNumStoredValues; ++i)
     {
-        const float value = preset(n).values[i];
+        const float value = preset(n).value(i);
         if (isNormalised(value)) // a value out of range is skipped and the effect keeps its own
             setParameter(i, value);
     }

@@ -37,7 +37,9 @@ class CPresetSystemEffect : public AudioEffectX
 
     // ---- host chunk (host's dispatcher): always the whole bank behind an 8-byte head
     VstInt32 getChunk(void** data, bool isPreset) override;
-    // 0 when taken, -1 when refused (the presets are then as they were).
+    // 0 once the bank reader has run (a bank it refuses leaves the presets as they were); -1 for a chunk
+    // that is missing, not ours, of an unknown version or too short to hold a bank, and for a refused old
+    // chunk.
     VstInt32 setChunk(void* data, VstInt32 byteSize, bool isPreset) override;
 
     void resume() override {}

@@ -68,7 +68,10 @@ VstInt32 CPresetSystemEffect::setChunk(void* data, VstInt32 byteSize, bool isPre
     std::memcpy(&header, bytes + kHostChunkHeadSize, sizeof(header));
     if (swapped) byteSwapHeader(&header);
     const std::size_t chunksAt = kHostChunkHeadSize + sizeof(newpresetheader);
-    return e->BufferToBank(bytes + chunksAt, size - chunksAt, &header, swapped) ? 0 : -1;
+    // Once the bank reader has run the chunk counts as taken, also when the reader refused the bank and
+    // put the table back: -1 is kept for chunks that are not ours or that carry no bank at all.
+    e->BufferToBank(bytes + chunksAt, size - chunksAt, &header, swapped);
+    return 0;
 }
 
 VstInt32 CPresetSystemEffect::setChunkOld(void* data, VstInt32 byteSize, bool, bool swapped)
@@ -86,11 +89,13 @@ VstInt32 CPresetSystemEffect::setChunkOld(void* data, VstInt32 byteSize, bool, b
     const std::size_t perPreset = (size - kOldChunkHeadSize) / static_cast<std::size_t>(storedPresets);
     if (perPreset < kPresetNameSize) return -1;
     const std::size_t storedValues = (perPreset - kPresetNameSize) / 4;
+    // The stride follows the values the chunk stores; only the values read are capped at six.
+    const std::size_t stride = storedValues * 4 + kPresetNameSize;
     const std::size_t values = std::min<std::size_t>(storedValues, kNumStoredValues);
-    const std::size_t stride = values * 4 + kPresetNameSize;
     const std::size_t presets = std::min<std::size_t>(static_cast<std::size_t>(storedPresets), kNumPresets);
-    if (kOldChunkHeadSize + presets * stride > std::min(size, oldChunkScratch.size()))
-        return -1; // shorter than it claims
+    // Everything is read from the scratch: records that do not fit in it, or that the chunk does not hold,
+    // are refused.
+    if (kOldChunkHeadSize + presets * stride > std::min(size, oldChunkScratch.size())) return -1;
 
     const ImageReader records(reinterpret_cast<const char*>(oldChunkScratch.data()), oldChunkScratch.size(),
                               swapped);
@@ -108,7 +113,7 @@ VstInt32 CPresetSystemEffect::setChunkOld(void* data, VstInt32 byteSize, bool, b
             const float value = records.floatAt(base + kPresetNameSize + j * 4);
             // Refused at the first bad value; the presets read so far stay, as they always have.
             if (!(value >= 0.0f && value <= 1.0f)) return -1;
-            record.values[j] = value;
+            record.setValue(static_cast<int>(j), value);
         }
     }
     setPresetNo(current < 0 || current > kNumPresets - 1 ? 0 : current);

@@ -2,6 +2,19 @@
 
 #include <cstring>
 
+PresetRecord::PresetRecord(const PresetRecord& other)
+{
+    *this = other;
+}
+
+PresetRecord& PresetRecord::operator=(const PresetRecord& other)
+{
+    std::memcpy(name, other.name, kPresetNameSize);
+    for (int i = 0; i < kNumStoredValues; ++i)
+        setValue(i, other.value(i));
+    return *this;
+}
+
 void copyPresetName(PresetRecord& record, const char* text)
 {
     char work[kPresetNameSize] = {};

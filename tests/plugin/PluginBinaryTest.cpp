@@ -1,5 +1,5 @@
 // The built Spatara.so, loaded with dlopen and spoken to only through the VST 2.4 dispatcher, as a host does.
-#include "VstPluginHost.h"
+#include "StartedPluginTest.h"
 
 #include <array>
 #include <cstdio>
@@ -11,25 +11,14 @@
 
 namespace
 {
-class PluginBinary : public ::testing::Test
+class PluginBinary : public StartedPluginTest
 {
   protected:
-    void SetUp() override
-    {
-        std::string error;
-        host = VstPluginHost::load(SPATARA_PLUGIN_PATH, error);
-        ASSERT_TRUE(host) << error;
-        host->open();
-        host->start(44100.0f, 512);
-    }
-
     std::string display(VstInt32 index, float value)
     {
         host->effect()->setParameter(host->effect(), index, value);
         return host->text(effGetParamDisplay, index);
     }
-
-    std::unique_ptr<VstPluginHost> host;
 };
 
 VstSpeakerArrangement arrangement(VstInt32 channels)
@@ -162,6 +151,22 @@ TEST_F(PluginBinary, PinPropertiesNameTwoStereoPinsEachWay)
     EXPECT_EQ(host->dispatch(effGetInputProperties, 2, 0, &copy), 0);
     EXPECT_EQ(host->dispatch(effGetOutputProperties, 2, 0, &copy), 0);
     EXPECT_EQ(std::memcmp(&copy, &untouched, sizeof(copy)), 0);
+}
+
+TEST_F(PluginBinary, PinPropertiesWriteLabelAndFlagsAndLeaveTheRestAsTheHostLeftIt)
+{
+    for (VstInt32 opcode : {effGetInputProperties, effGetOutputProperties})
+    {
+        VstPinProperties hostRecord;
+        std::memset(&hostRecord, 0x33, sizeof(hostRecord));
+        VstPinProperties pin = hostRecord;
+        ASSERT_EQ(host->dispatch(opcode, 1, 0, &pin), 1);
+        EXPECT_STREQ(pin.label, opcode == effGetInputProperties ? "My 2 In" : "My 2 Out");
+        EXPECT_EQ(pin.flags, kVstPinIsActive | kVstPinIsStereo);
+        EXPECT_EQ(pin.arrangementType, hostRecord.arrangementType);
+        EXPECT_EQ(std::memcmp(pin.shortLabel, hostRecord.shortLabel, sizeof(pin.shortLabel)), 0);
+        EXPECT_EQ(std::memcmp(pin.future, hostRecord.future, sizeof(pin.future)), 0);
+    }
 }
 
 TEST_F(PluginBinary, SpeakerArrangementsAcceptMonoOrStereoInIntoStereoOut)

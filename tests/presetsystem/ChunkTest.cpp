@@ -41,20 +41,8 @@ class HostChunk : public ::testing::Test
     // An old chunk: version 1, identifier, count, current, 16 bytes, then records of 24 + 4 × values.
     Bytes oldChunk(std::int32_t count, std::int32_t current, int values)
     {
-        Bytes chunk(32, 0);
-        putInt32(chunk, 0, 0x01000000);
-        putInt32(chunk, 4, kQwsn);
-        putInt32(chunk, 8, count);
-        putInt32(chunk, 12, current);
-        for (int n = 0; n < count; ++n)
-        {
-            Bytes record(24 + 4 * static_cast<std::size_t>(values), 0);
-            std::snprintf(record.data(), 24, "legacy %d", n);
-            for (int j = 0; j < values; ++j)
-                putFloat(record, 24 + static_cast<std::size_t>(j) * 4, 0.125f * static_cast<float>(j % 8));
-            chunk.insert(chunk.end(), record.begin(), record.end());
-        }
-        return chunk;
+        return oldHostChunk(kQwsn, count, current, values,
+                            [](int, int j) { return 0.125f * static_cast<float>(j % 8); });
     }
 
     RecordingHost host;

@@ -232,6 +232,42 @@ TEST_F(Images, UnknownChunkTypeOfSize40IsSteppedOver)
     EXPECT_EQ(effect.preset(0).values[2], 0.6f);
 }
 
+TEST_F(Images, PresetChunksShorterThanTheirFieldsAreReadWithinTheImage)
+{
+    Bytes image = imageHeader(kQwsn, 0x22, 3, 0);
+    // The name chunk declares no payload at all: its 24 name bytes are the next two chunks' heads.
+    appendChunk(image, 0, 0, Bytes());
+    // A value chunk declaring 12 bytes: the next chunk starts right after them, the value lies in its head.
+    Bytes number(12, 0);
+    putInt32(number, 0, 3);
+    appendChunk(image, 1, 0, number);
+    appendChunk(image, 1, 0, valuePayload(4, 1.0f));
+    effect.setPresetNo(6);
+    ASSERT_TRUE(loadPreset(image, false));
+    // The value of parameter 3 is the third chunk's type word (1), read as a float.
+    EXPECT_EQ(int32At(image, 41 + 3 * 12), 1);
+    float typeWordAsFloat;
+    const std::int32_t one = 1;
+    std::memcpy(&typeWordAsFloat, &one, 4);
+    EXPECT_EQ(effect.preset(6).values[3], typeWordAsFloat);
+    EXPECT_EQ(effect.preset(6).values[4], 1.0f);
+    // The name's bytes are the second chunk's head: type 1, size 12, then the rest.
+    EXPECT_EQ(effect.preset(6).name[0], '\x01');
+}
+
+TEST_F(Images, PresetShortChunkWhoseFieldsRunPastTheImageIsRefused)
+{
+    Bytes image = imageHeader(kQwsn, 0x22, 2, 0);
+    appendChunk(image, 0, 0, namePayload("kept out"));
+    Bytes number(12, 0);
+    putInt32(number, 0, 1);
+    appendChunk(image, 1, 0, number);
+    effect.setPresetNo(6);
+    const PresetRecord before = effect.preset(6);
+    EXPECT_FALSE(loadPreset(image, false));
+    EXPECT_EQ(std::memcmp(&before, &effect.preset(6), sizeof(before)), 0);
+}
+
 TEST_F(Images, NegativeChunkCountLeavesThePresetReinitialised)
 {
     effect.setPresetNo(13);

@@ -1,6 +1,7 @@
 #include "ImageBytes.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 
 namespace
@@ -106,4 +107,25 @@ Bytes valuePayload(std::uint32_t parameter, float value)
     putInt32(payload, 0, static_cast<std::int32_t>(parameter));
     putFloat(payload, 12, value);
     return payload;
+}
+
+Bytes oldHostChunk(std::int32_t uniqueId, std::int32_t count, std::int32_t current, int values,
+                   float (*value)(int preset, int j))
+{
+    Bytes chunk(32, 0);
+    putInt32(chunk, 0, 0x01000000);
+    putInt32(chunk, 4, uniqueId);
+    putInt32(chunk, 8, count);
+    putInt32(chunk, 12, current);
+    for (int n = 0; n < count; ++n)
+    {
+        char name[24] = {};
+        std::snprintf(name, sizeof(name), "legacy %d", n);
+        Bytes record(name, name + sizeof(name));
+        record.resize(sizeof(name) + 4 * static_cast<std::size_t>(values), 0);
+        for (int j = 0; j < values; ++j)
+            putFloat(record, 24 + static_cast<std::size_t>(j) * 4, value(n, j));
+        chunk.insert(chunk.end(), record.begin(), record.end());
+    }
+    return chunk;
 }

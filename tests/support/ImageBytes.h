@@ -25,3 +25,8 @@ Bytes imageHeader(std::int32_t uniqueId, char fileType, std::int32_t numChunks, 
 void appendChunk(Bytes& image, std::int32_t type, std::int32_t presetIndex, const Bytes& payload);
 Bytes namePayload(const char* name);
 Bytes valuePayload(std::uint32_t parameter, float value);
+
+// A host chunk of the old form: version 0x01000000, identifier, preset count, current preset, 16 unused
+// bytes, then count records of a 24-byte name ("legacy <n>") and the given number of values, value(n, j).
+Bytes oldHostChunk(std::int32_t uniqueId, std::int32_t count, std::int32_t current, int values,
+                   float (*value)(int preset, int j));
