@@ -50,6 +50,17 @@ bool CNewFileSelector::runModal()
     return runFallback();
 }
 
+bool CNewFileSelector::askToReplace(const char* title, const char* path)
+{
+    std::string name = path ? path : "";
+    name = name.substr(name.rfind('/') + 1);
+    PlatformFileDialogRequest request;
+    request.title = title ? title : "";
+    request.question = "\"" + name + "\" already exists. Do you want to replace it?";
+    std::string unused;
+    return PlatformFileDialog::run(request, unused) == PlatformFileDialog::Outcome::chosen;
+}
+
 bool CNewFileSelector::runFallback()
 {
     PlatformWindow* window = frame ? frame->getPlatformWindow() : nullptr;

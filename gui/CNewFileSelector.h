@@ -41,6 +41,9 @@ class CNewFileSelector : public CBaseObject
 
     // Asks the user and waits; true when a file was chosen.
     bool runModal();
+    // Asks, with the same dialog program, whether the existing file at path may be replaced; true only for
+    // yes. Without a dialog program nothing is replaced.
+    static bool askToReplace(const char* title, const char* path);
     int32_t getNumSelectedFiles() const { return static_cast<int32_t>(selected.size()); }
     const char* getSelectedFile(uint32_t index) const;
     Route getLastRoute() const { return lastRoute; }

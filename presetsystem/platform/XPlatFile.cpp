@@ -2,6 +2,9 @@
 
 #include <cstdio>
 #include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace
 {
@@ -10,6 +13,26 @@ constexpr std::size_t kJoinedPathSize = 520;
 std::FILE* fileOf(void* handle)
 {
     return static_cast<std::FILE*>(handle);
+}
+
+// Opens a file to load only when it is a regular file of a plausible size. Opening does not wait (a FIFO
+// would wait for a writer) and the checks are made on what was opened, so nothing can be swapped in
+// between. Read and update, as loads have always opened: a file the user cannot write does not load.
+std::FILE* openForLoading(const char* path)
+{
+    const int fd = ::open(path, O_RDWR | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    if (fd < 0) return nullptr;
+    struct stat status
+    {
+    };
+    if (::fstat(fd, &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > kMaxLoadedFileSize)
+    {
+        ::close(fd);
+        return nullptr;
+    }
+    std::FILE* file = ::fdopen(fd, "rb+");
+    if (!file) ::close(fd);
+    return file;
 }
 } // namespace
 
@@ -20,7 +43,7 @@ long XPlatFileOpen(const char* fileName, const char* directory, void** handle, b
     const int length = std::snprintf(path, sizeof(path), "%s%s", directory, fileName);
     if (length < 0 || static_cast<std::size_t>(length) >= sizeof(path))
         return 0; // a path that does not fit is a file that does not open
-    std::FILE* file = std::fopen(path, write ? "wb+" : "rb+");
+    std::FILE* file = write ? std::fopen(path, "wb+") : openForLoading(path);
     if (!file) return 0;
     long size = 0;
     if (std::fseek(file, 0, SEEK_END) == 0) size = std::ftell(file);

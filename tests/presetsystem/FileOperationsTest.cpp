@@ -17,6 +17,7 @@
 #include <memory>
 #include <string>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -70,6 +71,24 @@ class FileOperations : public ::testing::Test
         }
         return all;
     }
+
+    // Files that a load must refuse: another plug-in's, a short one, an unknown type, a truncated bank
+    // (and kFilesNotToLoad's missing one).
+    void writeFilesNotToLoad()
+    {
+        Bytes foreign = editor().PresetToBuffer();
+        putInt32(foreign, 0, CCONST('A', 'b', 'c', 'd'));
+        writeBytes(files.file("foreign.zev"), foreign);
+        writeBytes(files.file("short.zev"), Bytes{'Q', 'w', 's', 'n'});
+        Bytes unknown = editor().PresetToBuffer();
+        unknown[4] = 0x55;
+        writeBytes(files.file("unknown.zev"), unknown);
+        Bytes truncated = editor().BankToBuffer();
+        truncated.resize(3000);
+        writeBytes(files.file("truncated.zvb"), truncated);
+    }
+    static constexpr const char* kFilesNotToLoad[] = {"foreign.zev", "short.zev", "unknown.zev",
+                                                      "missing.zev", "truncated.zvb"};
 
     TempDir config;
     TempDir files;
@@ -160,19 +179,9 @@ TEST_F(FileOperations, TheReversedLoadTurnsTheByteOrderDecisionRound)
 
 TEST_F(FileOperations, AnotherPluginsFileAShortFileAndAnUnknownTypeChangeNothing)
 {
-    Bytes foreign = editor().PresetToBuffer();
-    putInt32(foreign, 0, CCONST('A', 'b', 'c', 'd'));
-    writeBytes(files.file("foreign.zev"), foreign);
-    writeBytes(files.file("short.zev"), Bytes{'Q', 'w', 's', 'n'});
-    Bytes unknown = editor().PresetToBuffer();
-    unknown[4] = 0x55;
-    writeBytes(files.file("unknown.zev"), unknown);
-    Bytes truncated = editor().BankToBuffer();
-    truncated.resize(3000);
-    writeBytes(files.file("truncated.zvb"), truncated);
-
+    writeFilesNotToLoad();
     const Bytes before = table();
-    for (const char* file : {"foreign.zev", "short.zev", "unknown.zev", "missing.zev", "truncated.zvb"})
+    for (const char* file : kFilesNotToLoad)
     {
         answerWith(files.file(file));
         editor().loadPreset(false);
@@ -341,4 +350,84 @@ TEST_F(FileOperations, ADefaultPresetReplacesProgramZeroAtStart)
     editor().resetDefaultPreset();
     effect = std::make_unique<Spatara>(host.callback());
     EXPECT_STREQ(effect->preset(0).name, "init");
+}
+
+// ---- refused loads
+
+TEST_F(FileOperations, ARefusedBankLoadKeepsTheCurrentProgram)
+{
+    writeFilesNotToLoad();
+    effect->setPresetNo(17);
+    for (const char* file : kFilesNotToLoad)
+    {
+        answerWith(files.file(file));
+        editor().loadBank(false);
+        EXPECT_EQ(effect->getPresetNo(), 17) << file;
+    }
+}
+
+// ---- what a load reads
+
+namespace
+{
+// Runs the load in a child process that gets a few seconds: a load that blocks is killed and reported.
+bool loadFinishesInTime(CPresetSystemEditor& editor)
+{
+    const pid_t child = fork();
+    if (child < 0) return false;
+    if (child == 0)
+    {
+        alarm(5);
+        editor.loadPreset(false);
+        editor.loadBank(false);
+        _exit(0);
+    }
+    int status = 0;
+    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+} // namespace
+
+TEST_F(FileOperations, AHugeSparseFileIsRefusedBeforeItIsRead)
+{
+    Bytes image = editor().PresetToBuffer();
+    writeBytes(files.file("huge.zev"), image);
+    ASSERT_EQ(::truncate(files.file("huge.zev").c_str(), off_t{1} << 40), 0);
+    answerWith(files.file("huge.zev"));
+    const Bytes before = table();
+    EXPECT_NO_THROW(editor().loadPreset(false));
+    EXPECT_NO_THROW(editor().loadBank(false));
+    EXPECT_EQ(table(), before);
+}
+
+TEST_F(FileOperations, AFileLargerThanOneMebibyteIsRefused)
+{
+    effect->setPresetNo(21);
+    Bytes image = editor().PresetToBuffer();
+    image.resize(1024 * 1024 + 1, 0);
+    writeBytes(files.file("padded.zev"), image);
+    effect->setPresetNo(3);
+    const PresetRecord before = effect->preset(3);
+    answerWith(files.file("padded.zev"));
+    editor().loadPreset(false);
+    EXPECT_EQ(std::memcmp(&before, &effect->preset(3), sizeof(before)), 0);
+
+    // One byte less is still a file of ours.
+    image.resize(1024 * 1024);
+    writeBytes(files.file("padded.zev"), image);
+    editor().loadPreset(false);
+    EXPECT_STREQ(effect->preset(3).name, "piano 1");
+}
+
+TEST_F(FileOperations, AFifoADeviceOrAFolderIsRefusedWithoutBlocking)
+{
+    ASSERT_EQ(::mkfifo(files.file("pipe.zev").c_str(), 0600), 0);
+    std::filesystem::create_directory(files.file("folder.zev"));
+    const Bytes before = table();
+    for (const std::string& path :
+         {files.file("pipe.zev"), std::string("/dev/zero"), files.file("folder.zev")})
+    {
+        answerWith(path);
+        EXPECT_TRUE(loadFinishesInTime(editor())) << path;
+        EXPECT_EQ(table(), before) << path;
+    }
 }
