@@ -3,17 +3,32 @@
 #include "HostActions.h"
 #include "ProgressBar.h"
 #include "RenderOptions.h"
+#include "TemporaryOutput.h"
 #include "VstPluginHost.h"
 
 #include <chrono>
 #include <cstdio>
 #include <memory>
 #include <sndfile.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
 
 namespace
 {
+// Whether both names lead to one file: the same path, a hard link or a symbolic link to it.
+bool sameFile(const std::string& first, const std::string& second)
+{
+    struct stat a
+    {
+    };
+    struct stat b
+    {
+    };
+    return ::stat(first.c_str(), &a) == 0 && ::stat(second.c_str(), &b) == 0 && a.st_dev == b.st_dev &&
+           a.st_ino == b.st_ino;
+}
+
 // Files shorter than this render without a progress bar.
 constexpr double kProgressAfterSeconds = 5.0;
 
@@ -114,6 +129,11 @@ Renderer::Renderer(VstPluginHost& host, const RenderOptions& options) : host(hos
 
 bool Renderer::run(std::string& error)
 {
+    if (sameFile(options.input, options.output))
+    {
+        error = "the output " + options.output + " is the input file (or a link to it); choose another name";
+        return false;
+    }
     SF_INFO inInfo{};
     SndfileHandle in(sf_open(options.input.c_str(), SFM_READ, &inInfo));
     if (!in)
@@ -146,8 +166,8 @@ bool Renderer::run(std::string& error)
         error = "cannot write a stereo file of the input's type";
         return false;
     }
-    const std::string temporary = options.output + ".tmp-" + std::to_string(getpid());
-    SndfileHandle out(sf_open(temporary.c_str(), SFM_WRITE, &outInfo));
+    TemporaryOutput temporary(options.output);
+    SndfileHandle out(sf_open(temporary.path().c_str(), SFM_WRITE, &outInfo));
     if (!out)
     {
         error = "cannot write " + options.output + ": " + sf_strerror(nullptr);
@@ -179,9 +199,8 @@ bool Renderer::run(std::string& error)
     host.stop();
 
     const bool closed = sf_close(out.release()) == 0;
-    if (!rendered || !closed || std::rename(temporary.c_str(), options.output.c_str()) != 0)
+    if (!rendered || !closed || !temporary.commit())
     {
-        std::remove(temporary.c_str());
         error = "cannot write " + options.output;
         return false;
     }
