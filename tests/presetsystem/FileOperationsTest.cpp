@@ -352,6 +352,25 @@ TEST_F(FileOperations, ADefaultPresetReplacesProgramZeroAtStart)
     EXPECT_STREQ(effect->preset(0).name, "init");
 }
 
+TEST_F(FileOperations, AStrayLineInThePreferencesLosesNoKeyWhenAnInstanceCloses)
+{
+    effect->setPresetNo(9);
+    editor().saveDefaultBank();
+    editor().saveDefaultPreset();
+    editor().storeA();
+    editor().storeB();
+    const std::string file = config.file("zev-spatara/preferences");
+    std::ofstream(file, std::ios::app) << "a line some other program left here\n";
+
+    effect.reset(); // the closing instance writes the remembered folder and names
+    for (const char* key : {"DefaultBank", "DefaultPreset", "MemoAPreset", "MemoBPreset"})
+    {
+        std::vector<unsigned char> value;
+        EXPECT_TRUE(XPlatGetPrefData(key, value)) << key;
+    }
+    EXPECT_NE(slurp(file).find("a line some other program left here\n"), std::string::npos);
+}
+
 // ---- refused loads
 
 TEST_F(FileOperations, ARefusedBankLoadKeepsTheCurrentProgram)
