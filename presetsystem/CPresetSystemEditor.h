@@ -156,7 +156,7 @@ class CPresetSystemEditor : public AEffGUIEditor, public CControlListener
     // Hands a preset or bank image (identifier, type, header, chunks) to its reader, byte order by the
     // identifier, turned round when a reversed load was asked for. Answers whether the reader took it.
     bool applyImage(const std::vector<char>& image, bool endianReversed);
-    // Writes an image to a file, replacing the old file only once the new one is complete.
+    // Writes an image to a file, keeping the old one as it was unless the new one is complete (XPlatFileSave).
     bool writeFileImage(const char* fileName, const char* directory, const std::vector<char>& image);
     // Repaints the whole editor (a bank or preset load may change every control).
     virtual void redrawFrame();

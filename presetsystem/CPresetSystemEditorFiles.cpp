@@ -6,7 +6,6 @@
 #include "ParamConversion.h"
 #include "XPlatFile.h"
 
-#include <cstdio>
 #include <cstring>
 #include <sys/stat.h>
 
@@ -203,27 +202,6 @@ bool CPresetSystemEditor::applyImage(const std::vector<char>& image, bool endian
 bool CPresetSystemEditor::writeFileImage(const char* fileName, const char* directory,
                                          const std::vector<char>& image)
 {
-    if (image.empty()) return false;
-    // Written beside the old file under a temporary name, then renamed over it: a save that fails half-way
-    // (full disk, crash) leaves the previous file as it was.
-    const std::string temporaryName = std::string(".") + fileName + ".saving";
-    void* handle = nullptr;
-    XPlatFileOpen(temporaryName.c_str(), directory, &handle, true);
-    if (!handle) return false;
-    XPlatFileWrite(handle, image.data(), static_cast<long>(image.size()));
-    XPlatFileClose(handle);
-
-    const std::string temporaryPath = std::string(directory) + temporaryName;
-    const std::string finalPath = std::string(directory) + fileName;
-    struct stat written
-    {
-    };
-    const bool complete = ::stat(temporaryPath.c_str(), &written) == 0 &&
-                          static_cast<std::size_t>(written.st_size) == image.size();
-    if (!complete || std::rename(temporaryPath.c_str(), finalPath.c_str()) != 0)
-    {
-        std::remove(temporaryPath.c_str());
-        return false;
-    }
-    return true;
+    return !image.empty() &&
+           XPlatFileSave(fileName, directory, image.data(), static_cast<long>(image.size()));
 }

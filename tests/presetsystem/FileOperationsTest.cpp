@@ -450,3 +450,114 @@ TEST_F(FileOperations, AFifoADeviceOrAFolderIsRefusedWithoutBlocking)
         EXPECT_EQ(table(), before) << path;
     }
 }
+
+// ---- what a save keeps
+
+namespace
+{
+// Runs the save in a child process with the rights of the unprivileged user "nobody" (tests run as root
+// ignore folder permissions); answers whether the child ran to its end.
+template <typename Save> bool saveAsNobody(Save save)
+{
+    const pid_t child = fork();
+    if (child < 0) return false;
+    if (child == 0)
+    {
+        if (setgid(65534) != 0 || setuid(65534) != 0) _exit(3);
+        save();
+        _exit(0);
+    }
+    int status = 0;
+    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+mode_t modeOf(const std::string& path)
+{
+    struct stat status
+    {
+    };
+    ::stat(path.c_str(), &status);
+    return status.st_mode & 07777;
+}
+} // namespace
+
+TEST_F(FileOperations, SavingThroughASymbolicLinkWritesItsTargetAndKeepsTheLink)
+{
+    std::filesystem::create_directory(files.file("elsewhere"));
+    writeBytes(files.file("elsewhere/real.zev"), Bytes{'o', 'l', 'd'});
+    std::filesystem::create_symlink("elsewhere/real.zev", files.file("link.zev"));
+    effect->setPresetNo(21);
+    answerWith(files.file("link.zev"));
+    editor().savePreset();
+    EXPECT_TRUE(std::filesystem::is_symlink(files.file("link.zev")));
+    EXPECT_EQ(slurp(files.file("elsewhere/real.zev")).size(), 401u);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(files.file("elsewhere")), {}), 1);
+}
+
+TEST_F(FileOperations, SavingKeepsHardLinksAndTheFilesMode)
+{
+    writeBytes(files.file("mine.zvb"), Bytes{'o', 'l', 'd'});
+    ::chmod(files.file("mine.zvb").c_str(), 0640);
+    std::filesystem::create_hard_link(files.file("mine.zvb"), files.file("also.zvb"));
+    answerWith(files.file("mine.zvb"));
+    editor().saveBank();
+    EXPECT_EQ(std::filesystem::hard_link_count(files.file("mine.zvb")), 2u);
+    EXPECT_EQ(slurp(files.file("also.zvb")).size(), 13721u);
+    EXPECT_EQ(modeOf(files.file("mine.zvb")), 0640u);
+}
+
+TEST_F(FileOperations, SavingOverAnotherUsersFileKeepsItsOwnerAndMode)
+{
+    if (geteuid() != 0) GTEST_SKIP() << "only root can save over another user's file";
+    writeBytes(files.file("theirs.zev"), Bytes{'o', 'l', 'd'});
+    ASSERT_EQ(::chown(files.file("theirs.zev").c_str(), 65534, 65534), 0);
+    ::chmod(files.file("theirs.zev").c_str(), 0664);
+    answerWith(files.file("theirs.zev"));
+    editor().savePreset();
+    struct stat status
+    {
+    };
+    ASSERT_EQ(::stat(files.file("theirs.zev").c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, 65534u);
+    EXPECT_EQ(status.st_gid, 65534u);
+    EXPECT_EQ(status.st_mode & 07777, 0664u);
+    EXPECT_EQ(status.st_size, 401);
+}
+
+TEST_F(FileOperations, AWritableFileInAFolderTheUserCannotWriteIsStillSaved)
+{
+    if (geteuid() != 0) GTEST_SKIP() << "needs root to act as another user";
+    std::filesystem::create_directory(files.file("shared"));
+    writeBytes(files.file("shared/mine.zev"), Bytes{'o', 'l', 'd'});
+    ASSERT_EQ(::chown(files.file("shared/mine.zev").c_str(), 65534, 65534), 0);
+    ::chmod(files.file("shared").c_str(), 0755); // root's folder: nobody may not add or rename files in it
+    ::chmod(files.path().c_str(), 0755);
+    answerWith(files.file("shared/mine.zev"));
+    effect->setPresetNo(21);
+    EXPECT_TRUE(saveAsNobody([this] { editor().savePreset(); }));
+    EXPECT_EQ(slurp(files.file("shared/mine.zev")).size(), 401u);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(files.file("shared")), {}), 1);
+}
+
+TEST_F(FileOperations, ASaveInPlaceThatFailsHalfWayPutsThePreviousFileBack)
+{
+    const Bytes old(3000, 'x');
+    writeBytes(files.file("linked.zvb"), old);
+    std::filesystem::create_hard_link(files.file("linked.zvb"), files.file("other.zvb"));
+    answerWith(files.file("linked.zvb"));
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0)
+    {
+        // The disk fills after half the image.
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{6860, 6860};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        editor().saveBank();
+        _exit(0);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(slurp(files.file("other.zvb")), std::string(old.begin(), old.end()));
+    EXPECT_EQ(std::filesystem::hard_link_count(files.file("linked.zvb")), 2u);
+}
