@@ -87,6 +87,22 @@ class FileOperations : public ::testing::Test
         truncated.resize(3000);
         writeBytes(files.file("truncated.zvb"), truncated);
     }
+    // Saves the bank in a child process whose disk fills after half the image; answers whether it ran.
+    bool saveBankOnADiskThatFillsHalfWay()
+    {
+        const pid_t child = fork();
+        if (child < 0) return false;
+        if (child == 0)
+        {
+            std::signal(SIGXFSZ, SIG_IGN);
+            rlimit limit{6860, 6860};
+            setrlimit(RLIMIT_FSIZE, &limit);
+            editor().saveBank();
+            _exit(0);
+        }
+        int status = 0;
+        return waitpid(child, &status, 0) == child;
+    }
     static constexpr const char* kFilesNotToLoad[] = {"foreign.zev", "short.zev", "unknown.zev",
                                                       "missing.zev", "truncated.zvb"};
 
@@ -241,19 +257,7 @@ TEST_F(FileOperations, ASaveThatFailsHalfWayLeavesThePreviousFile)
     char name[] = "never saved";
     effect->setProgramName(name);
 
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0)
-    {
-        // The disk fills after half the image.
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limit{6860, 6860};
-        setrlimit(RLIMIT_FSIZE, &limit);
-        editor().saveBank();
-        _exit(0);
-    }
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(saveBankOnADiskThatFillsHalfWay());
     EXPECT_EQ(slurp(files.file("keep.zvb")), before);
     for (const auto& entry : std::filesystem::directory_iterator(files.path()))
         EXPECT_EQ(entry.path().filename(), "keep.zvb");
@@ -545,19 +549,7 @@ TEST_F(FileOperations, ASaveInPlaceThatFailsHalfWayPutsThePreviousFileBack)
     writeBytes(files.file("linked.zvb"), old);
     std::filesystem::create_hard_link(files.file("linked.zvb"), files.file("other.zvb"));
     answerWith(files.file("linked.zvb"));
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0)
-    {
-        // The disk fills after half the image.
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limit{6860, 6860};
-        setrlimit(RLIMIT_FSIZE, &limit);
-        editor().saveBank();
-        _exit(0);
-    }
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(saveBankOnADiskThatFillsHalfWay());
     EXPECT_EQ(slurp(files.file("other.zvb")), std::string(old.begin(), old.end()));
     EXPECT_EQ(std::filesystem::hard_link_count(files.file("linked.zvb")), 2u);
 }
