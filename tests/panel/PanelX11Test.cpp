@@ -12,8 +12,11 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <functional>
+#include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 namespace
 {
@@ -213,6 +216,31 @@ TEST_F(PanelX11, PresetSavedThroughTheDesktopDialogLoadsBackThroughIt)
     click(kLoadPreset);
     ASSERT_TRUE(idleUntil([&] { return programName() == "enhanced mix 1"; }, 15s));
     EXPECT_EQ(parameter(1), 0.25f);
+}
+
+TEST_F(PanelX11, LoadingAHugeSparseFileOrAFifoKeepsTheHostRunningAndThePreset)
+{
+    // This plug-in's identifier and the preset type, then a hole of a tebibyte.
+    const std::string huge = files + "/huge.zev";
+    std::ofstream(huge, std::ios::binary) << "nswQ\x22";
+    ASSERT_EQ(::truncate(huge.c_str(), off_t{1} << 40), 0);
+    const std::string fifo = files + "/pipe.zev";
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    std::filesystem::create_directory(files + "/bin");
+    const std::string oldPath = std::getenv("PATH");
+    setenv("PATH", (files + "/bin:" + oldPath).c_str(), 1);
+    click(kNext);
+    for (const std::string& chosen : {huge, fifo})
+    {
+        // The desktop's dialog answers with the file at once.
+        std::ofstream(files + "/bin/zenity") << "#!/bin/sh\necho '" << chosen << "'\n";
+        ::chmod((files + "/bin/zenity").c_str(), 0755);
+        click(kLoadPreset);
+        idleFor(300ms);
+        EXPECT_EQ(programName(), "enhanced mix 1") << chosen;
+        EXPECT_TRUE(editorShown()) << chosen;
+    }
+    setenv("PATH", oldPath.c_str(), 1);
 }
 
 TEST_F(PanelX11, DoubleClickOnTheDefaultBankButtonStartsANewInstanceWithThatBank)
