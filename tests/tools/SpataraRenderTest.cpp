@@ -237,6 +237,42 @@ TEST_F(SpataraRender, WritingOverItsOwnInputIsRefusedAndTheInputKept)
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 3);
 }
 
+TEST_F(SpataraRender, NoFileItReadsIsWrittenOver)
+{
+    ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(2, 44100, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 0.5)));
+    std::filesystem::copy_file(kPlugin, dir.file("plugin.so"));
+    ASSERT_EQ(runCommand(shellQuote(kRender) + " --info " + shellQuote(dir.file("plugin.so")) +
+                         " --chunk-out " + shellQuote(dir.file("state.chunk")))
+                  .exitCode,
+              0);
+    const std::string audio = slurp(dir.file("in.wav"));
+    const std::string plugin = slurp(dir.file("plugin.so"));
+    const std::string chunk = slurp(dir.file("state.chunk"));
+    const std::string render = shellQuote(kRender) + " " + shellQuote(dir.file("plugin.so")) + " " +
+                               shellQuote(dir.file("in.wav")) + " ";
+    for (const std::string& arguments :
+         {shellQuote(dir.file("plugin.so")),
+          shellQuote(dir.file("out.wav")) + " --chunk-out " + shellQuote(dir.file("in.wav")),
+          shellQuote(dir.file("state.chunk")) + " --chunk-in " + shellQuote(dir.file("state.chunk"))})
+    {
+        const auto result = runCommand(render + arguments);
+        EXPECT_EQ(result.exitCode, 2) << arguments;
+        EXPECT_EQ(lines(result.err), 1) << result.err;
+        EXPECT_NE(result.err.find("would be overwritten"), std::string::npos) << result.err;
+    }
+    EXPECT_EQ(slurp(dir.file("in.wav")), audio);
+    EXPECT_EQ(slurp(dir.file("plugin.so")), plugin);
+    EXPECT_EQ(slurp(dir.file("state.chunk")), chunk);
+    EXPECT_FALSE(std::filesystem::exists(dir.file("out.wav")));
+
+    // The chunk saved over the one just restored is what a host does with its project.
+    const auto same = runCommand(shellQuote(kRender) + " --info " + shellQuote(dir.file("plugin.so")) +
+                                 " --chunk-in " + shellQuote(dir.file("state.chunk")) + " --chunk-out " +
+                                 shellQuote(dir.file("state.chunk")));
+    EXPECT_EQ(same.exitCode, 0) << same.err;
+    EXPECT_EQ(slurp(dir.file("state.chunk")), chunk);
+}
+
 TEST_F(SpataraRender, AnInterruptedRenderLeavesNoHalfFileAndTheOlderOutputIntact)
 {
     ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(2, 48000, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 90.0)));
