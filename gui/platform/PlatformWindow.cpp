@@ -52,10 +52,11 @@ class HostedWindow : public dgl::Window
     std::optional<std::string> chosenFile;
 
   protected:
+    // Called from the window system's event loop, like the widget's events below.
     void onFileSelected(const char* filename) override
     {
         fileBrowserDone = true;
-        if (filename) chosenFile = filename;
+        if (filename) callWithoutThrowing([&] { chosenFile = filename; });
     }
 };
 
