@@ -77,7 +77,6 @@ std::optional<std::string> CPresetSystemEditor::runFileDialog(const FileChoice& 
     selector->setAllowMultiFileSelection(false);
     std::optional<std::string> chosen;
     if (selector->runModal() && selector->getNumSelectedFiles() == 1) chosen = selector->getSelectedFile(0);
-    selector->forget();
     // A name typed without its extension gets it, so the file shows up in the next load dialog's filter
     // ("v1.2" too). The dialog asked about the name as typed only, so a file that the added extension
     // would replace is asked about here.
@@ -87,10 +86,9 @@ std::optional<std::string> CPresetSystemEditor::runFileDialog(const FileChoice& 
         struct stat existing
         {
         };
-        if (::lstat(chosen->c_str(), &existing) == 0 &&
-            !CNewFileSelector::askToReplace(choice.title.c_str(), chosen->c_str()))
-            return std::nullopt;
+        if (::lstat(chosen->c_str(), &existing) == 0) chosen = selector->confirmReplacing(*chosen);
     }
+    selector->forget();
     return chosen;
 }
 

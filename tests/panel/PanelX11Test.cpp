@@ -243,6 +243,31 @@ TEST_F(PanelX11, LoadingAHugeSparseFileOrAFifoKeepsTheHostRunningAndThePreset)
     setenv("PATH", oldPath.c_str(), 1);
 }
 
+TEST_F(PanelX11, WithoutADialogProgramTheFrameAsksBeforeTheAddedExtensionReplacesAFile)
+{
+    const std::string file = files + "/mine.zev";
+    std::ofstream(file) << "keep me";
+    // Nothing on PATH but the tool that drives the pointer and the keys: no desktop dialog program.
+    const std::string tools = files + "/tools";
+    std::filesystem::create_directory(tools);
+    std::filesystem::create_symlink("/usr/bin/xdotool", tools + "/xdotool");
+    const std::string oldPath = std::getenv("PATH");
+    // Types the name without its extension into the frame's save entry, then answers the question.
+    auto saveAnswering = [&](const std::string& answer)
+    {
+        inBackground("sleep 1; xdotool mousemove 150 125 click 1 type --delay 20 '" + files +
+                     "/mine'; xdotool key Return; sleep 1; xdotool mousemove 150 125 click 1 key " + answer);
+        setenv("PATH", tools.c_str(), 1);
+        click(kSavePreset);
+        setenv("PATH", oldPath.c_str(), 1);
+    };
+    saveAnswering("Escape");
+    std::ifstream kept(file);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(kept), {}), "keep me") << "Escape keeps the file";
+    saveAnswering("Return");
+    EXPECT_EQ(std::filesystem::file_size(file), 401u) << "Return replaces it";
+}
+
 TEST_F(PanelX11, DoubleClickOnTheDefaultBankButtonStartsANewInstanceWithThatBank)
 {
     click(kName);
