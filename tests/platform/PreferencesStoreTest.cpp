@@ -39,6 +39,12 @@ class PreferencesStore : public ::testing::Test
 {
   protected:
     std::string path() const { return dir.file("zev-spatara/preferences"); }
+    // Leaves a preferences file as another program or a person may have left it.
+    void writePreferences(const std::string& text) const
+    {
+        std::filesystem::create_directories(dir.file("zev-spatara"));
+        std::ofstream(path(), std::ios::binary) << text;
+    }
     TempDir dir;
 };
 } // namespace
@@ -83,9 +89,8 @@ TEST_F(PreferencesStore, RemovedKeysAreGone)
 
 TEST_F(PreferencesStore, ADamagedFileIsIgnoredWithOneLineAndKeptUntilAChange)
 {
-    std::filesystem::create_directories(dir.file("zev-spatara"));
     const std::string damaged("CurrDir = \"/ok/\"\n\0\x01 not text\n", 27);
-    std::ofstream(path(), std::ios::binary) << damaged;
+    writePreferences(damaged);
 
     CPreferencesStore store(path());
     testing::internal::CaptureStderr();
@@ -118,8 +123,7 @@ const std::string kHandEditedFile = "# my notes\r\n"
 
 TEST_F(PreferencesStore, EveryKeyIsReadFromCrlfLinesWithoutBlanksOrWithTrailingBlanks)
 {
-    std::filesystem::create_directories(dir.file("zev-spatara"));
-    std::ofstream(path(), std::ios::binary) << kHandEditedFile;
+    writePreferences(kHandEditedFile);
     CPreferencesStore store(path());
     testing::internal::CaptureStderr();
     EXPECT_EQ(store.getString("CurrDir"), "/x/");
@@ -131,8 +135,7 @@ TEST_F(PreferencesStore, EveryKeyIsReadFromCrlfLinesWithoutBlanksOrWithTrailingB
 
 TEST_F(PreferencesStore, WritingBackKeepsEveryLineAndKeyThatWasNotChanged)
 {
-    std::filesystem::create_directories(dir.file("zev-spatara"));
-    std::ofstream(path(), std::ios::binary) << kHandEditedFile;
+    writePreferences(kHandEditedFile);
     CPreferencesStore store(path());
     store.setString("CurrBank", "other.zvb");
     store.setString("CurrPreset", "warm.zev");
@@ -154,9 +157,8 @@ TEST_F(PreferencesStore, WritingBackKeepsEveryLineAndKeyThatWasNotChanged)
 
 TEST_F(PreferencesStore, AFileThatCannotBeReadIsCopiedAsideBeforeAnythingIsWrittenOverIt)
 {
-    std::filesystem::create_directories(dir.file("zev-spatara"));
     const std::string unreadable("DefaultBank = base64:AQID\n\0\x01\x02\xff binary\n", 38);
-    std::ofstream(path(), std::ios::binary) << unreadable;
+    writePreferences(unreadable);
 
     CPreferencesStore store(path());
     testing::internal::CaptureStderr();
