@@ -3,7 +3,6 @@
 #include <cerrno>
 #include <climits>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <string>
@@ -39,6 +38,7 @@ std::FILE* openForLoading(const char* path)
     if (!file) ::close(fd);
     return file;
 }
+
 // Where a save really goes: through symbolic links to the file they lead to (which need not exist yet).
 std::string saveTarget(const std::string& path)
 {
