@@ -1,6 +1,6 @@
 // The preferences file as it may be found on disk: any text, any length.
 #include "Base64.h"
-#include "PreferencesFormat.h"
+#include "CPreferencesDocument.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -9,14 +9,15 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string text(reinterpret_cast<const char*>(data), size);
-    int badLine = 0;
-    const auto values = parsePreferences(text, badLine);
-    if (values)
-    {
-        // Whatever was read writes back to the same values.
-        int again = 0;
-        if (parsePreferences(formatPreferences(*values), again) != values) std::abort();
-    }
+    CPreferencesDocument document(text);
+    // Read and written back unchanged, the text is what it was, byte for byte.
+    if (document.text() != text) std::abort();
+    // A key set reads back as set, and a key left alone answers as before.
+    const auto before = document.get("CurrBank");
+    const std::vector<unsigned char> value(data, data + std::min<std::size_t>(size, 64));
+    document.set("DefaultBank", value);
+    const CPreferencesDocument again(document.text());
+    if (again.get("DefaultBank") != PreferenceValue(value) || again.get("CurrBank") != before) std::abort();
     // Text that decodes encodes back to text that decodes to the same bytes.
     if (const auto bytes = base64Decode(text); bytes && base64Decode(base64Encode(*bytes)) != bytes)
         std::abort();

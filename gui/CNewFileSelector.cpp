@@ -50,6 +50,26 @@ bool CNewFileSelector::runModal()
     return runFallback();
 }
 
+std::optional<std::string> CNewFileSelector::confirmReplacing(const std::string& path)
+{
+    const std::string name = path.substr(path.rfind('/') + 1);
+    PlatformFileDialogRequest request;
+    request.title = title;
+    request.question = "\"" + name + "\" already exists. Do you want to replace it?";
+    std::string unused;
+    switch (PlatformFileDialog::run(request, unused))
+    {
+    case PlatformFileDialog::Outcome::chosen:
+        return path;
+    case PlatformFileDialog::Outcome::cancelled:
+        return std::nullopt;
+    case PlatformFileDialog::Outcome::unavailable:
+        break;
+    }
+    // Asked where the name was typed: Return replaces, another name saves there instead, Escape keeps it.
+    return runPathEntry("\"" + name + "\" exists: Return replaces it", path);
+}
+
 bool CNewFileSelector::runFallback()
 {
     PlatformWindow* window = frame ? frame->getPlatformWindow() : nullptr;
@@ -71,11 +91,19 @@ bool CNewFileSelector::runFallback()
     std::string start = initialDirectory;
     if (!start.empty() && start.back() != '/') start += '/';
     start += defaultSaveName;
-    auto* entry = new CPathEntryView(frame->getViewSize(), title.c_str(), start.c_str());
+    if (auto typed = runPathEntry(title, start)) selected.push_back(*typed);
+    return !selected.empty();
+}
+
+std::optional<std::string> CNewFileSelector::runPathEntry(const std::string& prompt, const std::string& start)
+{
+    PlatformWindow* window = frame ? frame->getPlatformWindow() : nullptr;
+    if (!window) return std::nullopt;
+    auto* entry = new CPathEntryView(frame->getViewSize(), prompt.c_str(), start.c_str());
     if (!frame->setModalView(entry))
     {
         entry->forget();
-        return false;
+        return std::nullopt;
     }
     entry->remember();
     frame->setFocusView(entry);
@@ -84,7 +112,8 @@ bool CNewFileSelector::runFallback()
         window->idle();
         usleep(10000);
     }
-    if (entry->isConfirmed() && *entry->getText()) selected.push_back(entry->getText());
+    std::optional<std::string> typed;
+    if (entry->isConfirmed() && *entry->getText()) typed = entry->getText();
     if (frame->getModalView() == entry)
     {
         frame->setFocusView(nullptr);
@@ -92,5 +121,5 @@ bool CNewFileSelector::runFallback()
         entry->forget();
     }
     entry->forget();
-    return !selected.empty();
+    return typed;
 }

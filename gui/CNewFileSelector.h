@@ -5,6 +5,7 @@
 #include "CBaseObject.h"
 #include "CFileExtension.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,10 @@ class CNewFileSelector : public CBaseObject
 
     // Asks the user and waits; true when a file was chosen.
     bool runModal();
+    // Asks whether the existing file at path may be replaced (with the dialog program that chose it, or in
+    // the frame without one). Answers the path to save to: path for yes, another path typed in the frame
+    // instead, nothing for no.
+    std::optional<std::string> confirmReplacing(const std::string& path);
     int32_t getNumSelectedFiles() const { return static_cast<int32_t>(selected.size()); }
     const char* getSelectedFile(uint32_t index) const;
     Route getLastRoute() const { return lastRoute; }
@@ -50,6 +55,8 @@ class CNewFileSelector : public CBaseObject
     CNewFileSelector(CFrame* frame, Style style) : frame(frame), style(style) {}
     // Without a dialog program: the built-in browser (opening) or a path typed into the frame (saving).
     bool runFallback();
+    // A path typed into the frame under prompt, starting from start; nothing when cancelled or no window.
+    std::optional<std::string> runPathEntry(const std::string& prompt, const std::string& start);
 
     CFrame* frame;
     Style style;

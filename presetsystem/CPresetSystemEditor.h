@@ -148,14 +148,15 @@ class CPresetSystemEditor : public AEffGUIEditor, public CControlListener
     // The dialog itself: the desktop's file dialog over the editor while its window is open; nothing
     // otherwise.
     virtual std::optional<std::string> runFileDialog(const FileChoice& choice);
-    // Reads a preset or bank file and hands its image to applyImage.
-    void applyFileImage(const char* fileName, const char* directory, bool endianReversed);
+    // Reads a preset or bank file (its identifier first) and hands its image to applyImage; answers whether
+    // the image was taken.
+    bool applyFileImage(const char* fileName, const char* directory, bool endianReversed);
     // Whether an image carries this plug-in's identifier, in either byte order.
     bool isOwnImage(const std::vector<char>& image) const;
     // Hands a preset or bank image (identifier, type, header, chunks) to its reader, byte order by the
-    // identifier, turned round when a reversed load was asked for.
-    void applyImage(const std::vector<char>& image, bool endianReversed);
-    // Writes an image to a file, replacing the old file only once the new one is complete.
+    // identifier, turned round when a reversed load was asked for. Answers whether the reader took it.
+    bool applyImage(const std::vector<char>& image, bool endianReversed);
+    // Writes an image to a file, keeping the old one as it was unless the new one is complete (XPlatFileSave).
     bool writeFileImage(const char* fileName, const char* directory, const std::vector<char>& image);
     // Repaints the whole editor (a bank or preset load may change every control).
     virtual void redrawFrame();

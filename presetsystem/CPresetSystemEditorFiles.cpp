@@ -6,7 +6,6 @@
 #include "ParamConversion.h"
 #include "XPlatFile.h"
 
-#include <cstdio>
 #include <cstring>
 #include <sys/stat.h>
 
@@ -47,6 +46,14 @@ FileChoice saveChoice(const FileKind& kind, const char* directory, const char* d
     return choice;
 }
 
+// Whether the file name of path ends in "." + extension (a name that is only the extension does not).
+bool hasExtension(const std::string& path, const std::string& extension)
+{
+    const std::string name = path.substr(path.rfind('/') + 1);
+    return name.size() > extension.size() + 1 &&
+           name.compare(name.size() - extension.size() - 1, std::string::npos, "." + extension) == 0;
+}
+
 // Splits a chosen path into the remembered directory and file name. A path whose parts don't fit the
 // 256 characters we remember is not taken: the operation ends as if cancelled.
 bool splitChosenPath(const std::string& path, char* name, char* directory, std::size_t size)
@@ -70,14 +77,18 @@ std::optional<std::string> CPresetSystemEditor::runFileDialog(const FileChoice& 
     selector->setAllowMultiFileSelection(false);
     std::optional<std::string> chosen;
     if (selector->runModal() && selector->getNumSelectedFiles() == 1) chosen = selector->getSelectedFile(0);
-    selector->forget();
-    // A name typed without its extension gets it, so the file shows up in the next load dialog's filter.
-    if (chosen && choice.save && !choice.extension.empty())
+    // A name typed without its extension gets it, so the file shows up in the next load dialog's filter
+    // ("v1.2" too). The dialog asked about the name as typed only, so a file that the added extension
+    // would replace is asked about here.
+    if (chosen && choice.save && !choice.extension.empty() && !hasExtension(*chosen, choice.extension))
     {
-        const auto slash = chosen->rfind('/');
-        const std::string name = slash == std::string::npos ? *chosen : chosen->substr(slash + 1);
-        if (!name.empty() && name.find('.') == std::string::npos) *chosen += "." + choice.extension;
+        *chosen += "." + choice.extension;
+        struct stat existing
+        {
+        };
+        if (::lstat(chosen->c_str(), &existing) == 0) chosen = selector->confirmReplacing(*chosen);
     }
+    selector->forget();
     return chosen;
 }
 
@@ -90,15 +101,15 @@ void CPresetSystemEditor::loadPreset(bool endianReversed)
 {
     const auto path = chooseFile(openChoice(kPresetFiles, endianReversed, presetPath));
     if (!path || !splitChosenPath(*path, presetFileName, presetPath, kPathSize)) return;
-    applyFileImage(presetFileName, presetPath, endianReversed);
-    redrawFrame();
+    if (applyFileImage(presetFileName, presetPath, endianReversed)) redrawFrame();
 }
 
 void CPresetSystemEditor::loadBank(bool endianReversed)
 {
     const auto path = chooseFile(openChoice(kBankFiles, endianReversed, presetPath));
     if (!path || !splitChosenPath(*path, bankFileName, presetPath, kPathSize)) return;
-    applyFileImage(bankFileName, presetPath, endianReversed);
+    // A file that was not taken ends the load: the current preset stays.
+    if (!applyFileImage(bankFileName, presetPath, endianReversed)) return;
     // After a bank, the first preset is current and shown, whatever the bank's own choice was.
     selectListEntry(0);
     showPresetName(presetEffect()->preset(0).name);
@@ -120,17 +131,20 @@ void CPresetSystemEditor::saveBank()
     writeFileImage(bankFileName, presetPath, BankToBuffer());
 }
 
-void CPresetSystemEditor::applyFileImage(const char* fileName, const char* directory, bool endianReversed)
+bool CPresetSystemEditor::applyFileImage(const char* fileName, const char* directory, bool endianReversed)
 {
     void* handle = nullptr;
     const long length = XPlatFileOpen(fileName, directory, &handle, false);
-    if (length <= 4) return; // nothing to load; the handle is left as it is, as it always has been
-    std::vector<char> image(static_cast<std::size_t>(length));
-    XPlatFileRead(handle, image.data(), length);
+    if (length <= 4) return false; // nothing to load; the handle is left as it is, as it always has been
+    // The identifier and type first: another plug-in's file is not read any further.
+    std::vector<char> image(kOldImageHeadSize);
+    XPlatFileRead(handle, image.data(), kOldImageHeadSize);
     if (!isOwnImage(image))
-        return; // another plug-in's file: silently not ours, and again the handle is left as it is
+        return false; // another plug-in's file: silently not ours, and again the handle is left as it is
+    image.resize(static_cast<std::size_t>(length));
+    XPlatFileRead(handle, image.data() + kOldImageHeadSize, length - kOldImageHeadSize);
     XPlatFileClose(handle);
-    applyImage(image, endianReversed);
+    return applyImage(image, endianReversed);
 }
 
 bool CPresetSystemEditor::isOwnImage(const std::vector<char>& image) const
@@ -143,9 +157,9 @@ bool CPresetSystemEditor::isOwnImage(const std::vector<char>& image) const
     return id == presetEffect()->getUniqueID() || id == reversed;
 }
 
-void CPresetSystemEditor::applyImage(const std::vector<char>& image, bool endianReversed)
+bool CPresetSystemEditor::applyImage(const std::vector<char>& image, bool endianReversed)
 {
-    if (image.size() <= 4 || !isOwnImage(image)) return;
+    if (image.size() <= 4 || !isOwnImage(image)) return false;
     newpresetheader header{};
     std::memcpy(&header, image.data(), std::min(image.size(), std::size_t{kOldImageHeadSize}));
     // Written on a machine of the other byte order when the identifier reads reversed; the reversed load
@@ -158,17 +172,16 @@ void CPresetSystemEditor::applyImage(const std::vector<char>& image, bool endian
     switch (header.fileType)
     {
     case kFileTypeOldPreset:
-        BufferToPresetOld(rest, restSize, swap, static_cast<int>((length - 29) / 4));
-        break;
+        return BufferToPresetOld(rest, restSize, swap, static_cast<int>((length - 29) / 4));
     case kFileTypeOldBank:
-        BufferToBankOld(rest, restSize, swap, kNumPresets,
-                        static_cast<int>(((length - kOldImageHeadSize) / kNumPresets - kPresetNameSize) / 4));
-        break;
+        return BufferToBankOld(
+            rest, restSize, swap, kNumPresets,
+            static_cast<int>(((length - kOldImageHeadSize) / kNumPresets - kPresetNameSize) / 4));
     case kFileTypePreset:
     case kFileTypeBank:
     {
         if (image.size() < sizeof(newpresetheader))
-            break; // a head without the rest of its header: nothing usable
+            return false; // a head without the rest of its header: nothing usable
         std::memcpy(&header, image.data(), sizeof(header));
         if (swap) byteSwapHeader(&header);
         // What the header announces, but never more than the image holds.
@@ -176,40 +189,17 @@ void CPresetSystemEditor::applyImage(const std::vector<char>& image, bool endian
         const std::size_t announced = header.dataSize > 0 ? static_cast<std::size_t>(header.dataSize) : 0;
         const char* chunks = image.data() + sizeof(newpresetheader);
         if (header.fileType == kFileTypePreset)
-            BufferToPreset(chunks, std::min(available, announced), &header, swap);
-        else
-            BufferToBank(chunks, std::min(available, announced), &header, swap);
-        break;
+            return BufferToPreset(chunks, std::min(available, announced), &header, swap);
+        return BufferToBank(chunks, std::min(available, announced), &header, swap);
     }
     default:
-        break; // a type we don't know: nothing is loaded
+        return false; // a type we don't know: nothing is loaded
     }
 }
 
 bool CPresetSystemEditor::writeFileImage(const char* fileName, const char* directory,
                                          const std::vector<char>& image)
 {
-    if (image.empty()) return false;
-    // Written beside the old file under a temporary name, then renamed over it: a save that fails half-way
-    // (full disk, crash) leaves the previous file as it was.
-    const std::string temporaryName = std::string(".") + fileName + ".saving";
-    void* handle = nullptr;
-    XPlatFileOpen(temporaryName.c_str(), directory, &handle, true);
-    if (!handle) return false;
-    XPlatFileWrite(handle, image.data(), static_cast<long>(image.size()));
-    XPlatFileClose(handle);
-
-    const std::string temporaryPath = std::string(directory) + temporaryName;
-    const std::string finalPath = std::string(directory) + fileName;
-    struct stat written
-    {
-    };
-    const bool complete = ::stat(temporaryPath.c_str(), &written) == 0 &&
-                          static_cast<std::size_t>(written.st_size) == image.size();
-    if (!complete || std::rename(temporaryPath.c_str(), finalPath.c_str()) != 0)
-    {
-        std::remove(temporaryPath.c_str());
-        return false;
-    }
-    return true;
+    return !image.empty() &&
+           XPlatFileSave(fileName, directory, image.data(), static_cast<long>(image.size()));
 }

@@ -1,6 +1,7 @@
 #include "AudioEffect.h"
 
 #include "AEffEditor.h"
+#include "NoThrowCall.h"
 
 #include <cstring>
 
@@ -11,6 +12,7 @@ AudioEffect* effectOf(AEffect* e)
     return e ? static_cast<AudioEffect*>(e->object) : nullptr;
 }
 
+// These are the plug-in's outermost frames on the host's threads: nothing thrown below may leave them.
 VstIntPtr dispatchEffectClass(AEffect* e, VstInt32 opcode, VstInt32 index, VstIntPtr value, void* ptr,
                               float opt)
 {
@@ -18,21 +20,22 @@ VstIntPtr dispatchEffectClass(AEffect* e, VstInt32 opcode, VstInt32 index, VstIn
     if (!effect) return 0;
     if (opcode == effClose)
     {
-        effect->dispatcher(opcode, index, value, ptr, opt);
+        callWithoutThrowing([&] { effect->dispatcher(opcode, index, value, ptr, opt); });
         delete effect; // the record lives inside the effect, so nothing may touch e after this
         return 1;
     }
-    return effect->dispatcher(opcode, index, value, ptr, opt);
+    return callWithoutThrowing(VstIntPtr{0},
+                               [&] { return effect->dispatcher(opcode, index, value, ptr, opt); });
 }
 
 void processReplacingClass(AEffect* e, float** inputs, float** outputs, VstInt32 sampleFrames)
 {
-    effectOf(e)->processReplacing(inputs, outputs, sampleFrames);
+    callWithoutThrowing([&] { effectOf(e)->processReplacing(inputs, outputs, sampleFrames); });
 }
 
 void processDoubleReplacingClass(AEffect* e, double** inputs, double** outputs, VstInt32 sampleFrames)
 {
-    effectOf(e)->processDoubleReplacing(inputs, outputs, sampleFrames);
+    callWithoutThrowing([&] { effectOf(e)->processDoubleReplacing(inputs, outputs, sampleFrames); });
 }
 
 // The accumulating process call of old hosts: this plug-in only replaces, so it adds nothing.
@@ -40,12 +43,12 @@ void processAccumulatingClass(AEffect*, float**, float**, VstInt32) {}
 
 void setParameterClass(AEffect* e, VstInt32 index, float value)
 {
-    effectOf(e)->setParameter(index, value);
+    callWithoutThrowing([&] { effectOf(e)->setParameter(index, value); });
 }
 
 float getParameterClass(AEffect* e, VstInt32 index)
 {
-    return effectOf(e)->getParameter(index);
+    return callWithoutThrowing(0.0f, [&] { return effectOf(e)->getParameter(index); });
 }
 } // namespace
 

@@ -51,7 +51,15 @@ std::vector<std::string> PlatformFileDialog::commandLine(Program program,
                                                          const PlatformFileDialogRequest& request)
 {
     std::vector<std::string> args;
-    if (program == Program::zenity)
+    if (!request.question.empty())
+    {
+        if (program == Program::zenity)
+            args = {"zenity", "--question", "--no-markup", "--title=" + request.title,
+                    "--text=" + request.question};
+        else if (program == Program::kdialog)
+            args = {"kdialog", "--title", request.title, "--yesno", request.question};
+    }
+    else if (program == Program::zenity)
     {
         args = {"zenity", "--file-selection"};
         if (request.save) args.insert(args.end(), {"--save", "--confirm-overwrite"});
@@ -61,7 +69,6 @@ std::vector<std::string> PlatformFileDialog::commandLine(Program program,
         if (!start.empty()) args.push_back("--filename=" + start);
         for (const auto& filter : request.filters)
             args.push_back("--file-filter=" + filter.description + " | *." + filter.extension);
-        if (!request.filters.empty()) args.push_back("--file-filter=All files | *");
     }
     else if (program == Program::kdialog)
     {
@@ -131,7 +138,8 @@ PlatformFileDialog::Outcome PlatformFileDialog::run(const PlatformFileDialogRequ
     if (!WIFEXITED(status) || WEXITSTATUS(status) == 127) return Outcome::unavailable;
     while (!output.empty() && (output.back() == '\n' || output.back() == '\r'))
         output.pop_back();
-    if (WEXITSTATUS(status) != 0 || output.empty()) return Outcome::cancelled;
+    // A question prints nothing: its answer is the exit code alone.
+    if (WEXITSTATUS(status) != 0 || (output.empty() && request.question.empty())) return Outcome::cancelled;
     path = output;
     return Outcome::chosen;
 }

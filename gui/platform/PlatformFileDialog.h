@@ -28,6 +28,6 @@ class PlatformFileDialog
     static Program findProgram();
     // The program's command line for the request (program name first).
     static std::vector<std::string> commandLine(Program program, const PlatformFileDialogRequest& request);
-    // Runs the dialog and waits for it; on chosen, path holds the file.
+    // Runs the dialog and waits for it; on chosen, path holds the file (a question leaves it as it is).
     static Outcome run(const PlatformFileDialogRequest& request, std::string& path);
 };

@@ -1,4 +1,5 @@
-// What an open or save dialog is asked for: title, start folder, default name and file filters.
+// What an open or save dialog is asked for: title, start folder, default name and file filters; or, with a
+// question, a yes/no question about a file in the same desktop style.
 #pragma once
 
 #include <string>
@@ -19,4 +20,6 @@ struct PlatformFileDialogRequest
     std::string initialDirectory;
     std::string defaultName;
     std::vector<PlatformFileFilter> filters;
+    // When set, the dialog asks this instead of choosing a file: yes answers chosen, no cancelled.
+    std::string question;
 };

@@ -1,5 +1,6 @@
 #include "PlatformWindow.h"
 
+#include "NoThrowCall.h"
 #include "PlatformRunLoop.h"
 #include "PlatformWindowListener.h"
 
@@ -51,10 +52,11 @@ class HostedWindow : public dgl::Window
     std::optional<std::string> chosenFile;
 
   protected:
+    // Called from the window system's event loop, like the widget's events below.
     void onFileSelected(const char* filename) override
     {
         fileBrowserDone = true;
-        if (filename) chosenFile = filename;
+        if (filename) callWithoutThrowing([&] { chosenFile = filename; });
     }
 };
 
@@ -88,42 +90,53 @@ class FrameWidget : public dgl::TopLevelWidget
     }
 
   protected:
+    // The window system calls these from its C event loop: nothing thrown below may pass through it.
     void onDisplay() override
     {
         const auto& context = static_cast<const dgl::CairoGraphicsContext&>(getGraphicsContext());
-        listener->onPlatformDraw(context.handle);
+        callWithoutThrowing([&] { listener->onPlatformDraw(context.handle); });
     }
 
     bool onMouse(const MouseEvent& ev) override
     {
-        listener->onPlatformMouseButton(ev.pos.getX(), ev.pos.getY(), static_cast<int>(ev.button), ev.press,
-                                        ev.mod);
+        callWithoutThrowing(
+            [&]
+            {
+                listener->onPlatformMouseButton(ev.pos.getX(), ev.pos.getY(), static_cast<int>(ev.button),
+                                                ev.press, ev.mod);
+            });
         return true;
     }
 
     bool onMotion(const MotionEvent& ev) override
     {
-        listener->onPlatformMotion(ev.pos.getX(), ev.pos.getY(), ev.mod);
+        callWithoutThrowing([&] { listener->onPlatformMotion(ev.pos.getX(), ev.pos.getY(), ev.mod); });
         return true;
     }
 
     bool onScroll(const ScrollEvent& ev) override
     {
-        listener->onPlatformScroll(ev.pos.getX(), ev.pos.getY(), ev.delta.getX(), ev.delta.getY(), ev.mod);
+        callWithoutThrowing(
+            [&] {
+                listener->onPlatformScroll(ev.pos.getX(), ev.pos.getY(), ev.delta.getX(), ev.delta.getY(),
+                                           ev.mod);
+            });
         return true;
     }
 
     // Characters come through onCharacterInput (with Shift applied); only the other keys are taken here.
     bool onKeyboard(const KeyboardEvent& ev) override
     {
-        return isNonCharacterKey(ev.key) && listener->onPlatformKey(ev.press, ev.key, ev.mod);
+        return isNonCharacterKey(ev.key) &&
+               callWithoutThrowing(false, [&] { return listener->onPlatformKey(ev.press, ev.key, ev.mod); });
     }
 
     bool onCharacterInput(const CharacterInputEvent& ev) override
     {
         // Control characters (Backspace, Return, …) also arrive here; they were handled as keys.
         if (ev.character < 0x20 || ev.character == 0x7F) return false;
-        return listener->onPlatformCharacter(ev.character, ev.mod);
+        return callWithoutThrowing(false,
+                                   [&] { return listener->onPlatformCharacter(ev.character, ev.mod); });
     }
 
   private:

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <string>
@@ -44,24 +45,30 @@ class FileLock
     int fd;
 };
 
-bool readWholeFile(const std::string& path, std::string& text, bool& tooLarge)
+enum class FileRead
 {
-    tooLarge = false;
+    missing,
+    read,
+    failed, // there, but not to be read: no permission, a folder, an I/O error, too large
+};
+
+FileRead readWholeFile(const std::string& path, std::string& text, std::string& why)
+{
     std::FILE* file = std::fopen(path.c_str(), "rb");
-    if (!file) return false;
+    if (!file)
+    {
+        why = std::strerror(errno);
+        return errno == ENOENT ? FileRead::missing : FileRead::failed;
+    }
     char buffer[65536];
     std::size_t n;
-    while ((n = std::fread(buffer, 1, sizeof(buffer), file)) > 0)
-    {
+    while ((n = std::fread(buffer, 1, sizeof(buffer), file)) > 0 && text.size() <= kMaxPreferencesFileSize)
         text.append(buffer, n);
-        if (text.size() > kMaxPreferencesFileSize)
-        {
-            tooLarge = true;
-            break;
-        }
-    }
+    const bool failed = std::ferror(file) != 0;
     std::fclose(file);
-    return true;
+    if (failed) why = "cannot be read";
+    if (text.size() > kMaxPreferencesFileSize) why = "too large";
+    return why.empty() ? FileRead::read : FileRead::failed;
 }
 
 bool writeWholeFile(const std::string& path, const std::string& text)
@@ -105,24 +112,20 @@ std::string CPreferencesStore::filePath() const
     return fixedPath.empty() ? defaultPath() : fixedPath;
 }
 
-PreferenceMap CPreferencesStore::readFile(const std::string& path)
+CPreferencesStore::StoredFile CPreferencesStore::readFile(const std::string& path)
 {
     std::string text;
-    bool tooLarge = false;
-    if (!readWholeFile(path, text, tooLarge)) return {};
-    int badLine = 0;
-    auto values = tooLarge ? std::nullopt : parsePreferences(text, badLine);
-    if (values) return *values;
+    std::string why;
+    const FileRead outcome = readWholeFile(path, text, why);
+    if (outcome == FileRead::read && text.find('\0') != std::string::npos) why = "not text";
+    if (outcome == FileRead::missing || why.empty()) return StoredFile{CPreferencesDocument(text), false};
     if (reportedDamage != path)
     {
         reportedDamage = path;
-        if (tooLarge)
-            std::fprintf(stderr, "ZEV Spatara: ignoring preferences file %s: too large\n", path.c_str());
-        else
-            std::fprintf(stderr, "ZEV Spatara: ignoring damaged preferences file %s (line %d)\n",
-                         path.c_str(), badLine);
+        std::fprintf(stderr, "ZEV Spatara: ignoring unreadable preferences file %s (%s)\n", path.c_str(),
+                     why.c_str());
     }
-    return {};
+    return StoredFile{CPreferencesDocument(), true};
 }
 
 void CPreferencesStore::setString(const std::string& key, const std::string& value)
@@ -151,9 +154,7 @@ std::optional<PreferenceValue> CPreferencesStore::lookUp(const std::string& key)
     std::lock_guard<std::mutex> hold(guard);
     if (pendingRemovals.count(key)) return std::nullopt;
     if (auto pending = pendingSets.find(key); pending != pendingSets.end()) return pending->second;
-    PreferenceMap values = readFile(filePath());
-    if (auto stored = values.find(key); stored != values.end()) return stored->second;
-    return std::nullopt;
+    return readFile(filePath()).document.get(key);
 }
 
 std::optional<std::string> CPreferencesStore::getString(const std::string& key)
@@ -184,14 +185,25 @@ bool CPreferencesStore::synchronize()
     if (!lock.held()) return false;
 
     // Another instance may have written since we last looked: start from what is there now.
-    PreferenceMap values = readFile(path);
+    StoredFile stored = readFile(path);
+    if (stored.unreadable)
+    {
+        // What we cannot read may still be worth something to the user: kept aside before it is replaced,
+        // and left alone when not even a copy can be made.
+        std::error_code failed;
+        std::filesystem::copy_file(path, path + ".damaged", std::filesystem::copy_options::overwrite_existing,
+                                   failed);
+        if (failed) return false;
+        std::fprintf(stderr, "ZEV Spatara: the unreadable preferences file was kept as %s.damaged\n",
+                     path.c_str());
+    }
     for (const std::string& key : pendingRemovals)
-        values.erase(key);
+        stored.document.remove(key);
     for (const auto& [key, value] : pendingSets)
-        values[key] = value;
+        stored.document.set(key, value);
 
     const std::string temporary = path + ".tmp-" + std::to_string(::getpid());
-    if (!writeWholeFile(temporary, formatPreferences(values)) ||
+    if (!writeWholeFile(temporary, stored.document.text()) ||
         std::rename(temporary.c_str(), path.c_str()) != 0)
     {
         std::remove(temporary.c_str());

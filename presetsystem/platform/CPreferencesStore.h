@@ -1,10 +1,15 @@
 // The plug-in's preferences, in a file of its own under $XDG_CONFIG_HOME (default ~/.config). Changes are
 // held until synchronize(), which takes an advisory lock, re-reads the file, applies only this store's
 // changes and replaces the file atomically, so that two instances or two hosts never lose each other's
-// keys. A damaged file is ignored (one line on standard error) and left alone until something changes.
+// keys. Lines it does not know and keys it did not change are written back as they were. A file that
+// cannot be read at all is ignored (one line on standard error), left alone until something changes, and
+// then kept as "preferences.damaged" before a new one is written.
 #pragma once
 
+#include "CPreferencesDocument.h"
 #include "PreferencesFormat.h"
+
+#include <map>
 
 #include <mutex>
 #include <optional>
@@ -34,13 +39,19 @@ class CPreferencesStore
 
   private:
     std::string filePath() const;
-    // The file's values; empty for a missing or damaged file (damaged: one line on standard error).
-    PreferenceMap readFile(const std::string& path);
+    struct StoredFile
+    {
+        CPreferencesDocument document;
+        // There, but not readable as preferences at all (reported once on standard error).
+        bool unreadable = false;
+    };
+    // The file's lines; empty for a missing or unreadable file.
+    StoredFile readFile(const std::string& path);
     std::optional<PreferenceValue> lookUp(const std::string& key);
 
     std::string fixedPath;
     std::mutex guard;
-    PreferenceMap pendingSets;
+    std::map<std::string, PreferenceValue> pendingSets;
     std::set<std::string> pendingRemovals;
     std::string reportedDamage; // the file last reported as damaged, so it is reported once
 };

@@ -21,7 +21,7 @@ std::string quote(const std::string& text)
     return out + "\"";
 }
 
-std::optional<std::string> unquote(const std::string& text)
+std::optional<std::string> unquote(std::string_view text)
 {
     if (text.size() < 2 || text.front() != '"' || text.back() != '"') return std::nullopt;
     std::string out;
@@ -43,21 +43,31 @@ std::optional<std::string> unquote(const std::string& text)
     return out;
 }
 
-std::optional<PreferenceValue> parseValue(const std::string& text)
+std::optional<PreferenceValue> parseValue(std::string_view text)
 {
-    if (text.rfind(kBinaryPrefix, 0) == 0)
+    if (text.substr(0, sizeof(kBinaryPrefix) - 1) == kBinaryPrefix)
     {
-        auto bytes = base64Decode(text.substr(sizeof(kBinaryPrefix) - 1));
+        auto bytes = base64Decode(std::string(text.substr(sizeof(kBinaryPrefix) - 1)));
         if (!bytes) return std::nullopt;
         return PreferenceValue(std::move(*bytes));
     }
+    if (text.empty() || text.front() != '"')
+        return PreferenceValue(std::string(text)); // typed without quotes
     auto string = unquote(text);
     if (!string) return std::nullopt;
     return PreferenceValue(std::move(*string));
 }
+
+std::string_view trimmed(std::string_view text)
+{
+    constexpr std::string_view kBlanks = " \t\r";
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
 } // namespace
 
-bool isValidPreferenceKey(const std::string& key)
+bool isValidPreferenceKey(std::string_view key)
 {
     if (key.empty() || key.size() > 128) return false;
     for (char c : key)
@@ -67,47 +77,18 @@ bool isValidPreferenceKey(const std::string& key)
     return true;
 }
 
-std::optional<PreferenceMap> parsePreferences(const std::string& text, int& badLine)
+std::optional<PreferenceEntry> parsePreferenceLine(std::string_view line)
 {
-    badLine = 0;
-    if (text.size() > kMaxPreferencesFileSize) return std::nullopt;
-    PreferenceMap values;
-    std::size_t start = 0;
-    int lineNumber = 0;
-    while (start < text.size())
-    {
-        std::size_t end = text.find('\n', start);
-        if (end == std::string::npos) end = text.size();
-        const std::string line = text.substr(start, end - start);
-        start = end + 1;
-        ++lineNumber;
-        if (line.empty() || line[0] == '#') continue;
-        const std::size_t separator = line.find(" = ");
-        std::optional<PreferenceValue> value;
-        if (separator != std::string::npos) value = parseValue(line.substr(separator + 3));
-        const std::string key = separator == std::string::npos ? std::string() : line.substr(0, separator);
-        if (!value || !isValidPreferenceKey(key) || values.count(key))
-        {
-            badLine = lineNumber;
-            return std::nullopt;
-        }
-        values.emplace(key, std::move(*value));
-    }
-    return values;
+    line = trimmed(line);
+    const std::size_t separator = line.find('=');
+    if (line.empty() || line.front() == '#' || separator == std::string_view::npos) return std::nullopt;
+    const std::string_view key = trimmed(line.substr(0, separator));
+    if (!isValidPreferenceKey(key)) return std::nullopt;
+    return PreferenceEntry{std::string(key), parseValue(trimmed(line.substr(separator + 1)))};
 }
 
-std::string formatPreferences(const PreferenceMap& values)
+std::string formatPreferenceLine(const std::string& key, const PreferenceValue& value)
 {
-    std::string text =
-        "# ZEV Spatara preferences, kept by the plug-in. One key a line; binary values in base64.\n";
-    for (const auto& [key, value] : values)
-    {
-        text += key + " = ";
-        if (const auto* string = std::get_if<std::string>(&value))
-            text += quote(*string);
-        else
-            text += kBinaryPrefix + base64Encode(std::get<std::vector<unsigned char>>(value));
-        text += '\n';
-    }
-    return text;
+    if (const auto* string = std::get_if<std::string>(&value)) return key + " = " + quote(*string);
+    return key + " = " + kBinaryPrefix + base64Encode(std::get<std::vector<unsigned char>>(value));
 }

@@ -58,10 +58,22 @@ TEST(PlatformFileDialog, ZenitySaveCommandCarriesTitleFolderNameAndFilter)
     request.defaultName = "init.zev";
     request.filters = {{"ZEV Preset", "zev"}};
     const auto args = PlatformFileDialog::commandLine(PlatformFileDialog::Program::zenity, request);
-    EXPECT_EQ(args,
-              (std::vector<std::string>{"zenity", "--file-selection", "--save", "--confirm-overwrite",
-                                        "--title=Save Preset", "--filename=/home/u/presets/init.zev",
-                                        "--file-filter=ZEV Preset | *.zev", "--file-filter=All files | *"}));
+    EXPECT_EQ(args, (std::vector<std::string>{"zenity", "--file-selection", "--save", "--confirm-overwrite",
+                                              "--title=Save Preset", "--filename=/home/u/presets/init.zev",
+                                              "--file-filter=ZEV Preset | *.zev"}));
+}
+
+TEST(PlatformFileDialog, AQuestionAsksYesOrNoWithTheSameProgram)
+{
+    PlatformFileDialogRequest request;
+    request.title = "Save preset";
+    request.question = "\"mine.zev\" already exists. Do you want to replace it?";
+    EXPECT_EQ(PlatformFileDialog::commandLine(PlatformFileDialog::Program::zenity, request),
+              (std::vector<std::string>{"zenity", "--question", "--no-markup", "--title=Save preset",
+                                        "--text=\"mine.zev\" already exists. Do you want to replace it?"}));
+    EXPECT_EQ(PlatformFileDialog::commandLine(PlatformFileDialog::Program::kdialog, request),
+              (std::vector<std::string>{"kdialog", "--title", "Save preset", "--yesno",
+                                        "\"mine.zev\" already exists. Do you want to replace it?"}));
 }
 
 TEST(PlatformFileDialog, KdialogOpenCommandCarriesFolderAndFilter)

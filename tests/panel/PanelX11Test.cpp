@@ -12,8 +12,11 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <functional>
+#include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 namespace
 {
@@ -213,6 +216,56 @@ TEST_F(PanelX11, PresetSavedThroughTheDesktopDialogLoadsBackThroughIt)
     click(kLoadPreset);
     ASSERT_TRUE(idleUntil([&] { return programName() == "enhanced mix 1"; }, 15s));
     EXPECT_EQ(parameter(1), 0.25f);
+}
+
+TEST_F(PanelX11, LoadingAHugeSparseFileOrAFifoKeepsTheHostRunningAndThePreset)
+{
+    // This plug-in's identifier and the preset type, then a hole of a tebibyte.
+    const std::string huge = files + "/huge.zev";
+    std::ofstream(huge, std::ios::binary) << "nswQ\x22";
+    ASSERT_EQ(::truncate(huge.c_str(), off_t{1} << 40), 0);
+    const std::string fifo = files + "/pipe.zev";
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    std::filesystem::create_directory(files + "/bin");
+    const std::string oldPath = std::getenv("PATH");
+    setenv("PATH", (files + "/bin:" + oldPath).c_str(), 1);
+    click(kNext);
+    for (const std::string& chosen : {huge, fifo})
+    {
+        // The desktop's dialog answers with the file at once.
+        std::ofstream(files + "/bin/zenity") << "#!/bin/sh\necho '" << chosen << "'\n";
+        ::chmod((files + "/bin/zenity").c_str(), 0755);
+        click(kLoadPreset);
+        idleFor(300ms);
+        EXPECT_EQ(programName(), "enhanced mix 1") << chosen;
+        EXPECT_TRUE(editorShown()) << chosen;
+    }
+    setenv("PATH", oldPath.c_str(), 1);
+}
+
+TEST_F(PanelX11, WithoutADialogProgramTheFrameAsksBeforeTheAddedExtensionReplacesAFile)
+{
+    const std::string file = files + "/mine.zev";
+    std::ofstream(file) << "keep me";
+    // Nothing on PATH but the tool that drives the pointer and the keys: no desktop dialog program.
+    const std::string tools = files + "/tools";
+    std::filesystem::create_directory(tools);
+    std::filesystem::create_symlink("/usr/bin/xdotool", tools + "/xdotool");
+    const std::string oldPath = std::getenv("PATH");
+    // Types the name without its extension into the frame's save entry, then answers the question.
+    auto saveAnswering = [&](const std::string& answer)
+    {
+        inBackground("sleep 1; xdotool mousemove 150 125 click 1 type --delay 20 '" + files +
+                     "/mine'; xdotool key Return; sleep 1; xdotool mousemove 150 125 click 1 key " + answer);
+        setenv("PATH", tools.c_str(), 1);
+        click(kSavePreset);
+        setenv("PATH", oldPath.c_str(), 1);
+    };
+    saveAnswering("Escape");
+    std::ifstream kept(file);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(kept), {}), "keep me") << "Escape keeps the file";
+    saveAnswering("Return");
+    EXPECT_EQ(std::filesystem::file_size(file), 401u) << "Return replaces it";
 }
 
 TEST_F(PanelX11, DoubleClickOnTheDefaultBankButtonStartsANewInstanceWithThatBank)

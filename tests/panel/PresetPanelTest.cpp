@@ -25,6 +25,7 @@
 #include <memory>
 #include <string>
 #include <sys/stat.h>
+#include <vector>
 
 namespace
 {
@@ -499,6 +500,93 @@ TEST_F(PresetPanel, CancelledDesktopDialogAnswersNothing)
     const auto chosen = editor->fileDialog(choice);
     setenv("PATH", oldPath.c_str(), 1);
     EXPECT_FALSE(chosen.has_value());
+}
+
+namespace
+{
+// A desktop dialog program of the test's own, first on PATH while it lives.
+class FakeZenity
+{
+  public:
+    explicit FakeZenity(const std::string& body) : oldPath(std::getenv("PATH"))
+    {
+        writeScript(tools.file("zenity"), body);
+        setenv("PATH", (tools.path() + ":" + oldPath).c_str(), 1);
+    }
+    ~FakeZenity() { setenv("PATH", oldPath.c_str(), 1); }
+    FakeZenity(const FakeZenity&) = delete;
+    FakeZenity& operator=(const FakeZenity&) = delete;
+
+  private:
+    TempDir tools;
+    std::string oldPath;
+};
+
+// A zenity that answers the file dialog with chosen and the question with answer (0 yes, 1 no), writing the
+// question's arguments to log.
+std::string saveDialogScript(const std::string& chosen, int answer, const std::string& log)
+{
+    return "if [ \"$1\" = --question ]; then printf '%s\\n' \"$@\" > '" + log + "'; exit " +
+           std::to_string(answer) + "; fi\necho '" + chosen + "'\n";
+}
+} // namespace
+
+TEST_F(PresetPanel, AnExistingFileIsNotReplacedUnderTheAddedExtensionWithoutAsking)
+{
+    TempDir files;
+    std::ofstream(files.file("mine.zev")) << "keep me";
+    {
+        FakeZenity no(saveDialogScript(files.file("mine"), 1, files.file("question")));
+        editor->savePreset();
+    }
+    EXPECT_EQ(slurp(files.file("mine.zev")), "keep me") << "answered no";
+    const std::string question = slurp(files.file("question"));
+    EXPECT_NE(question.find("mine.zev"), std::string::npos) << question;
+    {
+        FakeZenity yes(saveDialogScript(files.file("mine"), 0, files.file("question")));
+        editor->savePreset();
+    }
+    EXPECT_EQ(std::filesystem::file_size(files.file("mine.zev")), 401u) << "answered yes";
+}
+
+TEST_F(PresetPanel, ANewFileUnderTheAddedExtensionIsSavedWithoutAQuestion)
+{
+    TempDir files;
+    {
+        FakeZenity zenity(saveDialogScript(files.file("fresh"), 1, files.file("question")));
+        editor->saveBank();
+    }
+    EXPECT_EQ(std::filesystem::file_size(files.file("fresh.zvb")), 13721u);
+    EXPECT_FALSE(std::filesystem::exists(files.file("question")));
+}
+
+TEST_F(PresetPanel, ANameWithAnotherDotStillGetsTheExtension)
+{
+    TempDir files;
+    {
+        FakeZenity zenity(saveDialogScript(files.file("v1.2"), 1, files.file("question")));
+        editor->savePreset();
+    }
+    EXPECT_TRUE(std::filesystem::exists(files.file("v1.2.zev")));
+    EXPECT_FALSE(std::filesystem::exists(files.file("v1.2")));
+}
+
+TEST_F(PresetPanel, DialogsOfferTheFormatsOwnFilterOnly)
+{
+    TempDir files;
+    const std::string log = files.file("arguments");
+    FakeZenity zenity("printf '%s\\n' \"$@\" >> '" + log + "'\nexit 1\n");
+    editor->loadPreset(false);
+    editor->savePreset();
+    editor->loadBank(false);
+    editor->saveBank();
+    std::ifstream in(log);
+    std::vector<std::string> filters;
+    for (std::string line; std::getline(in, line);)
+        if (line.rfind("--file-filter", 0) == 0) filters.push_back(line);
+    EXPECT_EQ(filters, (std::vector<std::string>{
+                           "--file-filter=ZEV Preset | *.zev", "--file-filter=ZEV Preset | *.zev",
+                           "--file-filter=ZEV Bank | *.zvb", "--file-filter=ZEV Bank | *.zvb"}));
 }
 
 // ---- defaults and memories

@@ -1,4 +1,5 @@
 #include "Base64.h"
+#include "CPreferencesDocument.h"
 #include "CPreferencesStore.h"
 #include "PreferencesFormat.h"
 #include "TempDir.h"
@@ -38,6 +39,12 @@ class PreferencesStore : public ::testing::Test
 {
   protected:
     std::string path() const { return dir.file("zev-spatara/preferences"); }
+    // Leaves a preferences file as another program or a person may have left it.
+    void writePreferences(const std::string& text) const
+    {
+        std::filesystem::create_directories(dir.file("zev-spatara"));
+        std::ofstream(path(), std::ios::binary) << text;
+    }
     TempDir dir;
 };
 } // namespace
@@ -82,16 +89,15 @@ TEST_F(PreferencesStore, RemovedKeysAreGone)
 
 TEST_F(PreferencesStore, ADamagedFileIsIgnoredWithOneLineAndKeptUntilAChange)
 {
-    std::filesystem::create_directories(dir.file("zev-spatara"));
-    const std::string damaged = "CurrDir = \"/ok/\"\nthis line is not a preference\n";
-    std::ofstream(path(), std::ios::binary) << damaged;
+    const std::string damaged("CurrDir = \"/ok/\"\n\0\x01 not text\n", 27);
+    writePreferences(damaged);
 
     CPreferencesStore store(path());
     testing::internal::CaptureStderr();
     EXPECT_FALSE(store.getString("CurrDir"));
     EXPECT_FALSE(store.getString("CurrBank"));
     const std::string err = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(err, "ZEV Spatara: ignoring damaged preferences file " + path() + " (line 2)\n");
+    EXPECT_EQ(err, "ZEV Spatara: ignoring unreadable preferences file " + path() + " (not text)\n");
 
     EXPECT_TRUE(store.synchronize());
     EXPECT_EQ(slurp(path()), damaged) << "nothing changed, so nothing is written";
@@ -100,6 +106,70 @@ TEST_F(PreferencesStore, ADamagedFileIsIgnoredWithOneLineAndKeptUntilAChange)
     testing::internal::CaptureStderr();
     ASSERT_TRUE(store.synchronize());
     testing::internal::GetCapturedStderr();
+    EXPECT_EQ(CPreferencesStore(path()).getString("CurrPreset"), "warm.zev");
+}
+
+namespace
+{
+// A file as a person or another program may leave it: a comment, Windows line endings, no blanks around
+// "=", trailing blanks, and a line the store does not know.
+const std::string kHandEditedFile = "# my notes\r\n"
+                                    "CurrDir=\"/x/\"\r\n"
+                                    "CurrBank = \"live.zvb\"   \r\n"
+                                    "DefaultBank=base64:AQID\r\n"
+                                    "this line is not a preference\r\n"
+                                    "MemoAPreset = base64:BAUG \t\r\n";
+} // namespace
+
+TEST_F(PreferencesStore, EveryKeyIsReadFromCrlfLinesWithoutBlanksOrWithTrailingBlanks)
+{
+    writePreferences(kHandEditedFile);
+    CPreferencesStore store(path());
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(store.getString("CurrDir"), "/x/");
+    EXPECT_EQ(store.getString("CurrBank"), "live.zvb");
+    EXPECT_EQ(store.getData("DefaultBank"), bytes({1, 2, 3}));
+    EXPECT_EQ(store.getData("MemoAPreset"), bytes({4, 5, 6}));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "a line it does not know is no damage";
+}
+
+TEST_F(PreferencesStore, WritingBackKeepsEveryLineAndKeyThatWasNotChanged)
+{
+    writePreferences(kHandEditedFile);
+    CPreferencesStore store(path());
+    store.setString("CurrBank", "other.zvb");
+    store.setString("CurrPreset", "warm.zev");
+    ASSERT_TRUE(store.synchronize());
+    EXPECT_EQ(slurp(path()), "# my notes\r\n"
+                             "CurrDir=\"/x/\"\r\n"
+                             "CurrBank = \"other.zvb\"\r\n"
+                             "DefaultBank=base64:AQID\r\n"
+                             "this line is not a preference\r\n"
+                             "MemoAPreset = base64:BAUG \t\r\n"
+                             "CurrPreset = \"warm.zev\"\r\n");
+    store.remove("DefaultBank");
+    ASSERT_TRUE(store.synchronize());
+    CPreferencesStore reader(path());
+    EXPECT_FALSE(reader.getData("DefaultBank"));
+    EXPECT_EQ(reader.getData("MemoAPreset"), bytes({4, 5, 6}));
+    EXPECT_NE(slurp(path()).find("this line is not a preference\r\n"), std::string::npos);
+}
+
+TEST_F(PreferencesStore, AFileThatCannotBeReadIsCopiedAsideBeforeAnythingIsWrittenOverIt)
+{
+    const std::string unreadable("DefaultBank = base64:AQID\n\0\x01\x02\xff binary\n", 38);
+    writePreferences(unreadable);
+
+    CPreferencesStore store(path());
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(store.getData("DefaultBank"));
+    testing::internal::GetCapturedStderr();
+    store.setString("CurrPreset", "warm.zev");
+    testing::internal::CaptureStderr();
+    ASSERT_TRUE(store.synchronize());
+    const std::string err = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(err, "ZEV Spatara: the unreadable preferences file was kept as " + path() + ".damaged\n");
+    EXPECT_EQ(slurp(path() + ".damaged"), unreadable);
     EXPECT_EQ(CPreferencesStore(path()).getString("CurrPreset"), "warm.zev");
 }
 
@@ -214,28 +284,46 @@ TEST_F(PreferencesStore, AnotherProcessHoldingTheLockTooLongKeepsTheChangesPendi
     EXPECT_EQ(CPreferencesStore(path()).getString("CurrDir"), "/waits/");
 }
 
-TEST(PreferencesFormat, RefusesWhatItDidNotWrite)
+TEST(PreferencesFormat, ReadsWhatALineHoldsAndNothingMore)
 {
-    int line = 0;
-    EXPECT_FALSE(parsePreferences("key = unquoted\n", line));
-    EXPECT_EQ(line, 1);
-    EXPECT_FALSE(parsePreferences("# fine\nkey = base64:A\n", line));
-    EXPECT_EQ(line, 2);
-    EXPECT_FALSE(parsePreferences("bad key = \"x\"\n", line));
-    EXPECT_FALSE(parsePreferences("k = \"x\"\nk = \"y\"\n", line)) << "a key twice";
-    EXPECT_FALSE(parsePreferences("k = \"a\"b\"\n", line));
-    EXPECT_TRUE(parsePreferences("", line));
-    EXPECT_TRUE(parsePreferences("# only a comment\n\n", line));
+    EXPECT_EQ(parsePreferenceLine("key = unquoted")->value, PreferenceValue(std::string("unquoted")));
+    EXPECT_EQ(parsePreferenceLine("key=\"x\" \t\r")->value, PreferenceValue(std::string("x")));
+    const auto badBase64 = parsePreferenceLine("key = base64:A");
+    ASSERT_TRUE(badBase64);
+    EXPECT_EQ(badBase64->key, "key");
+    EXPECT_FALSE(badBase64->value) << "the key is known, its value is not";
+    EXPECT_FALSE(parsePreferenceLine("k = \"a\"b\"")->value);
+    EXPECT_FALSE(parsePreferenceLine("bad key = \"x\""));
+    EXPECT_FALSE(parsePreferenceLine("# key = \"x\""));
+    EXPECT_FALSE(parsePreferenceLine("no separator"));
+    EXPECT_FALSE(parsePreferenceLine("   "));
 }
 
-TEST(PreferencesFormat, WritesWhatItReads)
+TEST(PreferencesDocument, TheFirstReadableLineOfAKeyAnswersAndSettingItLeavesOneLine)
 {
-    PreferenceMap values;
-    values["A"] = std::string("x \\ \" \n y");
-    values["B"] = bytes({0, 255, 128});
-    values["C"] = std::vector<unsigned char>();
-    int line = 0;
-    EXPECT_EQ(parsePreferences(formatPreferences(values), line), values);
+    CPreferencesDocument document("k = base64:A\nk = \"x\"\nk = \"y\"\nother = \"o\"");
+    EXPECT_EQ(document.get("k"), PreferenceValue(std::string("x")));
+    document.set("k", std::string("z"));
+    EXPECT_EQ(document.text(), "k = \"z\"\nother = \"o\"");
+    document.set("new", std::string("n"));
+    EXPECT_EQ(document.text(), "k = \"z\"\nother = \"o\"\nnew = \"n\"\n");
+
+    CPreferencesDocument endsInCarriageReturn("a = \"1\"\r");
+    endsInCarriageReturn.set("b", std::string("2"));
+    EXPECT_EQ(CPreferencesDocument(endsInCarriageReturn.text()).get("b"), PreferenceValue(std::string("2")));
+}
+
+TEST(PreferencesDocument, WritesWhatItReads)
+{
+    CPreferencesDocument document;
+    document.set("A", std::string("x \\ \" \n y"));
+    document.set("B", bytes({0, 255, 128}));
+    document.set("C", std::vector<unsigned char>());
+    const CPreferencesDocument again(document.text());
+    EXPECT_EQ(again.get("A"), PreferenceValue(std::string("x \\ \" \n y")));
+    EXPECT_EQ(again.get("B"), PreferenceValue(bytes({0, 255, 128})));
+    EXPECT_EQ(again.get("C"), PreferenceValue(std::vector<unsigned char>()));
+    EXPECT_EQ(again.text(), document.text());
 }
 
 TEST(Base64, EncodesAndDecodesWithPadding)

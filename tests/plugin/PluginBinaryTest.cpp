@@ -3,11 +3,15 @@
 
 #include <array>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <memory>
 #include <set>
 #include <string>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace
 {
@@ -214,6 +218,55 @@ TEST_F(PluginBinary, HostWithoutAVersionGetsNoEffect)
     VstHostAnswers answers;
     answers.version = 0;
     EXPECT_FALSE(VstPluginHost::load(SPATARA_PLUGIN_PATH, error, answers));
+}
+
+namespace
+{
+// Caps the address space a little above what is in use and allocates until nothing more comes: the next
+// allocation anyone makes fails.
+void exhaustMemory()
+{
+    long pages = 0;
+    if (std::FILE* statm = std::fopen("/proc/self/statm", "r"))
+    {
+        if (std::fscanf(statm, "%ld", &pages) != 1) pages = 0;
+        std::fclose(statm);
+    }
+    const rlim_t cap = static_cast<rlim_t>(pages) * static_cast<rlim_t>(sysconf(_SC_PAGESIZE)) + (16u << 20);
+    rlimit limit{cap, cap};
+    setrlimit(RLIMIT_AS, &limit);
+    // Kept where the compiler cannot prove the blocks unused.
+    static void* volatile last = nullptr;
+    for (std::size_t size : {std::size_t{1} << 16, std::size_t{1} << 10, std::size_t{32}})
+        while ((last = std::malloc(size)) != nullptr)
+        {
+        }
+}
+} // namespace
+
+TEST_F(PluginBinary, NoExceptionLeavesTheDispatcherWhenMemoryRunsOut)
+{
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0)
+    {
+        exhaustMemory();
+        int outcome = 0;
+        try
+        {
+            void* chunk = nullptr;
+            host->dispatch(effGetChunk, 0, 0, &chunk);
+        }
+        catch (...)
+        {
+            outcome = 3;
+        }
+        _exit(outcome);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status)) << "the host died of signal " << WTERMSIG(status);
+    EXPECT_EQ(WEXITSTATUS(status), 0) << "an exception came out of the dispatcher";
 }
 
 TEST(PluginSymbols, OnlyTheEntryPointsAreExported)

@@ -17,6 +17,7 @@
 #include <memory>
 #include <string>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -70,6 +71,40 @@ class FileOperations : public ::testing::Test
         }
         return all;
     }
+
+    // Files that a load must refuse: another plug-in's, a short one, an unknown type, a truncated bank
+    // (and kFilesNotToLoad's missing one).
+    void writeFilesNotToLoad()
+    {
+        Bytes foreign = editor().PresetToBuffer();
+        putInt32(foreign, 0, CCONST('A', 'b', 'c', 'd'));
+        writeBytes(files.file("foreign.zev"), foreign);
+        writeBytes(files.file("short.zev"), Bytes{'Q', 'w', 's', 'n'});
+        Bytes unknown = editor().PresetToBuffer();
+        unknown[4] = 0x55;
+        writeBytes(files.file("unknown.zev"), unknown);
+        Bytes truncated = editor().BankToBuffer();
+        truncated.resize(3000);
+        writeBytes(files.file("truncated.zvb"), truncated);
+    }
+    // Saves the bank in a child process whose disk fills after half the image; answers whether it ran.
+    bool saveBankOnADiskThatFillsHalfWay()
+    {
+        const pid_t child = fork();
+        if (child < 0) return false;
+        if (child == 0)
+        {
+            std::signal(SIGXFSZ, SIG_IGN);
+            rlimit limit{6860, 6860};
+            setrlimit(RLIMIT_FSIZE, &limit);
+            editor().saveBank();
+            _exit(0);
+        }
+        int status = 0;
+        return waitpid(child, &status, 0) == child;
+    }
+    static constexpr const char* kFilesNotToLoad[] = {"foreign.zev", "short.zev", "unknown.zev",
+                                                      "missing.zev", "truncated.zvb"};
 
     TempDir config;
     TempDir files;
@@ -160,19 +195,9 @@ TEST_F(FileOperations, TheReversedLoadTurnsTheByteOrderDecisionRound)
 
 TEST_F(FileOperations, AnotherPluginsFileAShortFileAndAnUnknownTypeChangeNothing)
 {
-    Bytes foreign = editor().PresetToBuffer();
-    putInt32(foreign, 0, CCONST('A', 'b', 'c', 'd'));
-    writeBytes(files.file("foreign.zev"), foreign);
-    writeBytes(files.file("short.zev"), Bytes{'Q', 'w', 's', 'n'});
-    Bytes unknown = editor().PresetToBuffer();
-    unknown[4] = 0x55;
-    writeBytes(files.file("unknown.zev"), unknown);
-    Bytes truncated = editor().BankToBuffer();
-    truncated.resize(3000);
-    writeBytes(files.file("truncated.zvb"), truncated);
-
+    writeFilesNotToLoad();
     const Bytes before = table();
-    for (const char* file : {"foreign.zev", "short.zev", "unknown.zev", "missing.zev", "truncated.zvb"})
+    for (const char* file : kFilesNotToLoad)
     {
         answerWith(files.file(file));
         editor().loadPreset(false);
@@ -232,19 +257,7 @@ TEST_F(FileOperations, ASaveThatFailsHalfWayLeavesThePreviousFile)
     char name[] = "never saved";
     effect->setProgramName(name);
 
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0)
-    {
-        // The disk fills after half the image.
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limit{6860, 6860};
-        setrlimit(RLIMIT_FSIZE, &limit);
-        editor().saveBank();
-        _exit(0);
-    }
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(saveBankOnADiskThatFillsHalfWay());
     EXPECT_EQ(slurp(files.file("keep.zvb")), before);
     for (const auto& entry : std::filesystem::directory_iterator(files.path()))
         EXPECT_EQ(entry.path().filename(), "keep.zvb");
@@ -341,4 +354,202 @@ TEST_F(FileOperations, ADefaultPresetReplacesProgramZeroAtStart)
     editor().resetDefaultPreset();
     effect = std::make_unique<Spatara>(host.callback());
     EXPECT_STREQ(effect->preset(0).name, "init");
+}
+
+TEST_F(FileOperations, AStrayLineInThePreferencesLosesNoKeyWhenAnInstanceCloses)
+{
+    effect->setPresetNo(9);
+    editor().saveDefaultBank();
+    editor().saveDefaultPreset();
+    editor().storeA();
+    editor().storeB();
+    const std::string file = config.file("zev-spatara/preferences");
+    std::ofstream(file, std::ios::app) << "a line some other program left here\n";
+
+    effect.reset(); // the closing instance writes the remembered folder and names
+    for (const char* key : {"DefaultBank", "DefaultPreset", "MemoAPreset", "MemoBPreset"})
+    {
+        std::vector<unsigned char> value;
+        EXPECT_TRUE(XPlatGetPrefData(key, value)) << key;
+    }
+    EXPECT_NE(slurp(file).find("a line some other program left here\n"), std::string::npos);
+}
+
+// ---- refused loads
+
+TEST_F(FileOperations, ARefusedBankLoadKeepsTheCurrentProgram)
+{
+    writeFilesNotToLoad();
+    effect->setPresetNo(17);
+    for (const char* file : kFilesNotToLoad)
+    {
+        answerWith(files.file(file));
+        editor().loadBank(false);
+        EXPECT_EQ(effect->getPresetNo(), 17) << file;
+    }
+}
+
+// ---- what a load reads
+
+namespace
+{
+// Runs the load in a child process that gets a few seconds: a load that blocks is killed and reported.
+bool loadFinishesInTime(CPresetSystemEditor& editor)
+{
+    const pid_t child = fork();
+    if (child < 0) return false;
+    if (child == 0)
+    {
+        alarm(5);
+        editor.loadPreset(false);
+        editor.loadBank(false);
+        _exit(0);
+    }
+    int status = 0;
+    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+} // namespace
+
+TEST_F(FileOperations, AHugeSparseFileIsRefusedBeforeItIsRead)
+{
+    Bytes image = editor().PresetToBuffer();
+    writeBytes(files.file("huge.zev"), image);
+    ASSERT_EQ(::truncate(files.file("huge.zev").c_str(), off_t{1} << 40), 0);
+    answerWith(files.file("huge.zev"));
+    const Bytes before = table();
+    EXPECT_NO_THROW(editor().loadPreset(false));
+    EXPECT_NO_THROW(editor().loadBank(false));
+    EXPECT_EQ(table(), before);
+}
+
+TEST_F(FileOperations, AFileLargerThanOneMebibyteIsRefused)
+{
+    effect->setPresetNo(21);
+    Bytes image = editor().PresetToBuffer();
+    image.resize(1024 * 1024 + 1, 0);
+    writeBytes(files.file("padded.zev"), image);
+    effect->setPresetNo(3);
+    const PresetRecord before = effect->preset(3);
+    answerWith(files.file("padded.zev"));
+    editor().loadPreset(false);
+    EXPECT_EQ(std::memcmp(&before, &effect->preset(3), sizeof(before)), 0);
+
+    // One byte less is still a file of ours.
+    image.resize(1024 * 1024);
+    writeBytes(files.file("padded.zev"), image);
+    editor().loadPreset(false);
+    EXPECT_STREQ(effect->preset(3).name, "piano 1");
+}
+
+TEST_F(FileOperations, AFifoADeviceOrAFolderIsRefusedWithoutBlocking)
+{
+    ASSERT_EQ(::mkfifo(files.file("pipe.zev").c_str(), 0600), 0);
+    std::filesystem::create_directory(files.file("folder.zev"));
+    const Bytes before = table();
+    for (const std::string& path :
+         {files.file("pipe.zev"), std::string("/dev/zero"), files.file("folder.zev")})
+    {
+        answerWith(path);
+        EXPECT_TRUE(loadFinishesInTime(editor())) << path;
+        EXPECT_EQ(table(), before) << path;
+    }
+}
+
+// ---- what a save keeps
+
+namespace
+{
+// Runs the save in a child process with the rights of the unprivileged user "nobody" (tests run as root
+// ignore folder permissions); answers whether the child ran to its end.
+template <typename Save> bool saveAsNobody(Save save)
+{
+    const pid_t child = fork();
+    if (child < 0) return false;
+    if (child == 0)
+    {
+        if (setgid(65534) != 0 || setuid(65534) != 0) _exit(3);
+        save();
+        _exit(0);
+    }
+    int status = 0;
+    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+mode_t modeOf(const std::string& path)
+{
+    struct stat status
+    {
+    };
+    ::stat(path.c_str(), &status);
+    return status.st_mode & 07777;
+}
+} // namespace
+
+TEST_F(FileOperations, SavingThroughASymbolicLinkWritesItsTargetAndKeepsTheLink)
+{
+    std::filesystem::create_directory(files.file("elsewhere"));
+    writeBytes(files.file("elsewhere/real.zev"), Bytes{'o', 'l', 'd'});
+    std::filesystem::create_symlink("elsewhere/real.zev", files.file("link.zev"));
+    effect->setPresetNo(21);
+    answerWith(files.file("link.zev"));
+    editor().savePreset();
+    EXPECT_TRUE(std::filesystem::is_symlink(files.file("link.zev")));
+    EXPECT_EQ(slurp(files.file("elsewhere/real.zev")).size(), 401u);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(files.file("elsewhere")), {}), 1);
+}
+
+TEST_F(FileOperations, SavingKeepsHardLinksAndTheFilesMode)
+{
+    writeBytes(files.file("mine.zvb"), Bytes{'o', 'l', 'd'});
+    ::chmod(files.file("mine.zvb").c_str(), 0640);
+    std::filesystem::create_hard_link(files.file("mine.zvb"), files.file("also.zvb"));
+    answerWith(files.file("mine.zvb"));
+    editor().saveBank();
+    EXPECT_EQ(std::filesystem::hard_link_count(files.file("mine.zvb")), 2u);
+    EXPECT_EQ(slurp(files.file("also.zvb")).size(), 13721u);
+    EXPECT_EQ(modeOf(files.file("mine.zvb")), 0640u);
+}
+
+TEST_F(FileOperations, SavingOverAnotherUsersFileKeepsItsOwnerAndMode)
+{
+    if (geteuid() != 0) GTEST_SKIP() << "only root can save over another user's file";
+    writeBytes(files.file("theirs.zev"), Bytes{'o', 'l', 'd'});
+    ASSERT_EQ(::chown(files.file("theirs.zev").c_str(), 65534, 65534), 0);
+    ::chmod(files.file("theirs.zev").c_str(), 0664);
+    answerWith(files.file("theirs.zev"));
+    editor().savePreset();
+    struct stat status
+    {
+    };
+    ASSERT_EQ(::stat(files.file("theirs.zev").c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, 65534u);
+    EXPECT_EQ(status.st_gid, 65534u);
+    EXPECT_EQ(status.st_mode & 07777, 0664u);
+    EXPECT_EQ(status.st_size, 401);
+}
+
+TEST_F(FileOperations, AWritableFileInAFolderTheUserCannotWriteIsStillSaved)
+{
+    if (geteuid() != 0) GTEST_SKIP() << "needs root to act as another user";
+    std::filesystem::create_directory(files.file("shared"));
+    writeBytes(files.file("shared/mine.zev"), Bytes{'o', 'l', 'd'});
+    ASSERT_EQ(::chown(files.file("shared/mine.zev").c_str(), 65534, 65534), 0);
+    ::chmod(files.file("shared").c_str(), 0755); // root's folder: nobody may not add or rename files in it
+    ::chmod(files.path().c_str(), 0755);
+    answerWith(files.file("shared/mine.zev"));
+    effect->setPresetNo(21);
+    EXPECT_TRUE(saveAsNobody([this] { editor().savePreset(); }));
+    EXPECT_EQ(slurp(files.file("shared/mine.zev")).size(), 401u);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(files.file("shared")), {}), 1);
+}
+
+TEST_F(FileOperations, ASaveInPlaceThatFailsHalfWayPutsThePreviousFileBack)
+{
+    const Bytes old(3000, 'x');
+    writeBytes(files.file("linked.zvb"), old);
+    std::filesystem::create_hard_link(files.file("linked.zvb"), files.file("other.zvb"));
+    answerWith(files.file("linked.zvb"));
+    ASSERT_TRUE(saveBankOnADiskThatFillsHalfWay());
+    EXPECT_EQ(slurp(files.file("other.zvb")), std::string(old.begin(), old.end()));
+    EXPECT_EQ(std::filesystem::hard_link_count(files.file("linked.zvb")), 2u);
 }

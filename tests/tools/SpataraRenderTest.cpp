@@ -4,12 +4,15 @@
 #include "WavFile.h"
 
 #include <cmath>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
 #include <sndfile.h>
 #include <string>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace
 {
@@ -213,4 +216,91 @@ TEST_F(SpataraRender, InfoShowsEverythingThePluginReports)
           "category:   mastering", "inputs:     2", "outputs:    2", "parameters: 6",
           "  1 baseFreq = 265.00 [    Hz   ]", "  5 mode = Mode1", "  29 over heads", "  37 init"})
         EXPECT_NE(result.out.find(expected), std::string::npos) << expected;
+}
+
+TEST_F(SpataraRender, WritingOverItsOwnInputIsRefusedAndTheInputKept)
+{
+    ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(2, 44100, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 0.5)));
+    std::filesystem::create_hard_link(dir.file("in.wav"), dir.file("hard.wav"));
+    std::filesystem::create_symlink("in.wav", dir.file("soft.wav"));
+    const std::string before = slurp(dir.file("in.wav"));
+    for (const char* output : {"in.wav", "hard.wav", "soft.wav"})
+    {
+        const auto result = render(dir.file("in.wav"), dir.file(output));
+        EXPECT_EQ(result.exitCode, 2) << output;
+        EXPECT_EQ(lines(result.err), 1) << result.err;
+        EXPECT_NE(result.err.find("is the input"), std::string::npos) << result.err;
+        EXPECT_EQ(slurp(dir.file("in.wav")), before) << output;
+    }
+    EXPECT_TRUE(std::filesystem::is_symlink(dir.file("soft.wav")));
+    EXPECT_EQ(std::filesystem::hard_link_count(dir.file("in.wav")), 2u);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 3);
+}
+
+TEST_F(SpataraRender, NoFileItReadsIsWrittenOver)
+{
+    ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(2, 44100, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 0.5)));
+    std::filesystem::copy_file(kPlugin, dir.file("plugin.so"));
+    ASSERT_EQ(runCommand(shellQuote(kRender) + " --info " + shellQuote(dir.file("plugin.so")) +
+                         " --chunk-out " + shellQuote(dir.file("state.chunk")))
+                  .exitCode,
+              0);
+    const std::string audio = slurp(dir.file("in.wav"));
+    const std::string plugin = slurp(dir.file("plugin.so"));
+    const std::string chunk = slurp(dir.file("state.chunk"));
+    const std::string render = shellQuote(kRender) + " " + shellQuote(dir.file("plugin.so")) + " " +
+                               shellQuote(dir.file("in.wav")) + " ";
+    for (const std::string& arguments :
+         {shellQuote(dir.file("plugin.so")),
+          shellQuote(dir.file("out.wav")) + " --chunk-out " + shellQuote(dir.file("in.wav")),
+          shellQuote(dir.file("state.chunk")) + " --chunk-in " + shellQuote(dir.file("state.chunk"))})
+    {
+        const auto result = runCommand(render + arguments);
+        EXPECT_EQ(result.exitCode, 2) << arguments;
+        EXPECT_EQ(lines(result.err), 1) << result.err;
+        EXPECT_NE(result.err.find("would be overwritten"), std::string::npos) << result.err;
+    }
+    EXPECT_EQ(slurp(dir.file("in.wav")), audio);
+    EXPECT_EQ(slurp(dir.file("plugin.so")), plugin);
+    EXPECT_EQ(slurp(dir.file("state.chunk")), chunk);
+    EXPECT_FALSE(std::filesystem::exists(dir.file("out.wav")));
+
+    // The chunk saved over the one just restored is what a host does with its project.
+    const auto same = runCommand(shellQuote(kRender) + " --info " + shellQuote(dir.file("plugin.so")) +
+                                 " --chunk-in " + shellQuote(dir.file("state.chunk")) + " --chunk-out " +
+                                 shellQuote(dir.file("state.chunk")));
+    EXPECT_EQ(same.exitCode, 0) << same.err;
+    EXPECT_EQ(slurp(dir.file("state.chunk")), chunk);
+}
+
+TEST_F(SpataraRender, AnInterruptedRenderLeavesNoHalfFileAndTheOlderOutputIntact)
+{
+    ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(2, 48000, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 90.0)));
+    std::ofstream(dir.file("out.wav")) << "the older output";
+    for (int signal : {SIGTERM, SIGINT, SIGHUP})
+    {
+        const pid_t child = fork();
+        ASSERT_GE(child, 0);
+        if (child == 0)
+        {
+            execl(kRender.c_str(), kRender.c_str(), kPlugin.c_str(), dir.file("in.wav").c_str(),
+                  dir.file("out.wav").c_str(), static_cast<char*>(nullptr));
+            _exit(127);
+        }
+        // Interrupted as soon as it has begun to write.
+        bool writing = false;
+        for (int waited = 0; !writing && waited < 10000; ++waited)
+        {
+            for (const auto& entry : std::filesystem::directory_iterator(dir.path()))
+                writing = writing || entry.path().filename().string().rfind("out.wav.", 0) == 0;
+            if (!writing) usleep(1000);
+        }
+        EXPECT_TRUE(writing);
+        kill(child, signal);
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal) << signal;
+        EXPECT_EQ(slurp(dir.file("out.wav")), "the older output") << signal;
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 2) << signal;
+    }
 }

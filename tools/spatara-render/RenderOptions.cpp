@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cmath>
 #include <cstdlib>
+#include <sys/stat.h>
 
 namespace
 {
@@ -23,6 +24,18 @@ bool parseUnit(const std::string& text, float& value)
     if (text.empty() || *end != 0 || !(parsed >= 0.0f && parsed <= 1.0f)) return false;
     value = parsed;
     return true;
+}
+// Whether both names lead to one file: the same path, a hard link or a symbolic link to it.
+bool sameFile(const std::string& first, const std::string& second)
+{
+    struct stat a
+    {
+    };
+    struct stat b
+    {
+    };
+    return ::stat(first.c_str(), &a) == 0 && ::stat(second.c_str(), &b) == 0 && a.st_dev == b.st_dev &&
+           a.st_ino == b.st_ino;
 }
 } // namespace
 
@@ -136,4 +149,27 @@ std::optional<RenderOptions> parseRenderOptions(int argc, char** argv, std::stri
     options.input = positional[1];
     options.output = positional[2];
     return options;
+}
+
+bool outputsSpareInputs(const RenderOptions& options, std::string& error)
+{
+    std::vector<std::pair<const char*, std::string>> read = {{"the plug-in", options.plugin}};
+    std::vector<std::string> written;
+    if (!options.info)
+    {
+        read.emplace_back("the input", options.input);
+        written.push_back(options.output);
+    }
+    if (options.chunkIn) read.emplace_back("the chunk to restore", *options.chunkIn);
+    if (options.chunkOut) written.push_back(*options.chunkOut);
+    for (const std::string& output : written)
+        for (const auto& [what, input] : read)
+            if (sameFile(output, input) &&
+                !(options.chunkIn && output == options.chunkOut && input == options.chunkIn))
+            {
+                error = output + " is " + what +
+                        " (or a link to it): it would be overwritten; choose another name";
+                return false;
+            }
+    return true;
 }

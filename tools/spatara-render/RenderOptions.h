@@ -25,4 +25,9 @@ struct RenderOptions
 // Parses argv; on a mistake answers nothing and puts the reason in error.
 std::optional<RenderOptions> parseRenderOptions(int argc, char** argv, std::string& error);
 
+// Whether a file to be written (the output, the saved chunk) is one of the files read (the plug-in, the
+// input, the chunk to restore) under the same name, a hard link or a symbolic link: on false, error names
+// it. Saving the chunk over the chunk just restored is fine: it is read whole before anything is written.
+bool outputsSpareInputs(const RenderOptions& options, std::string& error);
+
 const char* renderUsage();

@@ -3,6 +3,7 @@
 #include "HostActions.h"
 #include "ProgressBar.h"
 #include "RenderOptions.h"
+#include "TemporaryOutput.h"
 #include "VstPluginHost.h"
 
 #include <chrono>
@@ -146,8 +147,8 @@ bool Renderer::run(std::string& error)
         error = "cannot write a stereo file of the input's type";
         return false;
     }
-    const std::string temporary = options.output + ".tmp-" + std::to_string(getpid());
-    SndfileHandle out(sf_open(temporary.c_str(), SFM_WRITE, &outInfo));
+    TemporaryOutput temporary(options.output);
+    SndfileHandle out(sf_open(temporary.path().c_str(), SFM_WRITE, &outInfo));
     if (!out)
     {
         error = "cannot write " + options.output + ": " + sf_strerror(nullptr);
@@ -179,9 +180,8 @@ bool Renderer::run(std::string& error)
     host.stop();
 
     const bool closed = sf_close(out.release()) == 0;
-    if (!rendered || !closed || std::rename(temporary.c_str(), options.output.c_str()) != 0)
+    if (!rendered || !closed || !temporary.commit())
     {
-        std::remove(temporary.c_str());
         error = "cannot write " + options.output;
         return false;
     }

@@ -51,6 +51,7 @@ int main(int argc, char** argv)
         return 0;
     }
 
+    if (!outputsSpareInputs(*options, error)) return fail(error);
     auto host = VstPluginHost::load(options->plugin, error);
     if (!host) return fail(error);
     if (!prepare(*host, *options, error)) return fail(error);
