@@ -71,10 +71,15 @@ FileRead readWholeFile(const std::string& path, std::string& text, std::string& 
     return why.empty() ? FileRead::read : FileRead::failed;
 }
 
-bool writeWholeFile(const std::string& path, const std::string& text)
+bool writeWholeFile(const std::string& path, const std::string& text, mode_t mode)
 {
     const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
     if (fd < 0) return false;
+    if (::fchmod(fd, mode) != 0)
+    {
+        ::close(fd);
+        return false;
+    }
     std::size_t done = 0;
     while (done < text.size())
     {
@@ -202,9 +207,16 @@ bool CPreferencesStore::synchronize()
     for (const auto& [key, value] : pendingSets)
         stored.document.set(key, value);
 
-    const std::string temporary = path + ".tmp-" + std::to_string(::getpid());
-    if (!writeWholeFile(temporary, stored.document.text()) ||
-        std::rename(temporary.c_str(), path.c_str()) != 0)
+    // A preferences file linked in from elsewhere (a folder of the user's settings) stays linked: the file
+    // the link leads to is the one replaced, with the mode the user gave it.
+    std::error_code noTarget;
+    const std::filesystem::path resolved = std::filesystem::weakly_canonical(path, noTarget);
+    const std::string target = noTarget ? path : resolved.string();
+    struct stat old = {};
+    const mode_t mode = ::stat(target.c_str(), &old) == 0 ? (old.st_mode & 07777) : 0600;
+    const std::string temporary = target + ".tmp-" + std::to_string(::getpid());
+    if (!writeWholeFile(temporary, stored.document.text(), mode) ||
+        std::rename(temporary.c_str(), target.c_str()) != 0)
     {
         std::remove(temporary.c_str());
         return false;

@@ -16,6 +16,7 @@
 #include <string>
 #include <sys/file.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -153,6 +154,27 @@ TEST_F(PreferencesStore, WritingBackKeepsEveryLineAndKeyThatWasNotChanged)
     EXPECT_FALSE(reader.getData("DefaultBank"));
     EXPECT_EQ(reader.getData("MemoAPreset"), bytes({4, 5, 6}));
     EXPECT_NE(slurp(path()).find("this line is not a preference\r\n"), std::string::npos);
+}
+
+TEST_F(PreferencesStore, APreferencesFileThatIsASymbolicLinkStaysALinkAndKeepsItsMode)
+{
+    // Kept in a folder of the user's own and linked into place, as people keep their settings.
+    const std::string kept = dir.file("dotfiles/spatara-preferences");
+    std::filesystem::create_directories(dir.file("dotfiles"));
+    std::ofstream(kept, std::ios::binary) << "CurrDir = \"/x/\"\n";
+    ::chmod(kept.c_str(), 0640);
+    std::filesystem::create_directories(dir.file("zev-spatara"));
+    std::filesystem::create_symlink(kept, path());
+
+    CPreferencesStore store(path());
+    store.setString("CurrBank", "live.zvb");
+    ASSERT_TRUE(store.synchronize());
+
+    EXPECT_TRUE(std::filesystem::is_symlink(path()));
+    EXPECT_EQ(slurp(kept), "CurrDir = \"/x/\"\nCurrBank = \"live.zvb\"\n");
+    struct stat status = {};
+    ASSERT_EQ(::stat(kept.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0640u);
 }
 
 TEST_F(PreferencesStore, AFileThatCannotBeReadIsCopiedAsideBeforeAnythingIsWrittenOverIt)

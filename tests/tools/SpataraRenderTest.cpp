@@ -11,6 +11,7 @@
 #include <iterator>
 #include <sndfile.h>
 #include <string>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -303,4 +304,34 @@ TEST_F(SpataraRender, AnInterruptedRenderLeavesNoHalfFileAndTheOlderOutputIntact
         EXPECT_EQ(slurp(dir.file("out.wav")), "the older output") << signal;
         EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 2) << signal;
     }
+}
+
+TEST_F(SpataraRender, OutputsThatAreSymbolicLinksStayLinksAndTheirFilesKeepTheirMode)
+{
+    ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(1, 44100, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 0.2)));
+    std::filesystem::create_directories(dir.file("kept"));
+    for (const char* name : {"kept/render.wav", "kept/state.chunk"})
+    {
+        std::ofstream(dir.file(name)) << "an older result";
+        ::chmod(dir.file(name).c_str(), 0640);
+    }
+    std::filesystem::create_symlink("kept/render.wav", dir.file("out.wav"));
+    std::filesystem::create_symlink(dir.file("kept/state.chunk"), dir.file("state.chunk"));
+
+    const auto result =
+        render(dir.file("in.wav"), dir.file("out.wav"), "--chunk-out " + shellQuote(dir.file("state.chunk")));
+    ASSERT_EQ(result.exitCode, 0) << result.err;
+
+    for (const char* link : {"out.wav", "state.chunk"})
+        EXPECT_TRUE(std::filesystem::is_symlink(dir.file(link))) << link;
+    Audio rendered;
+    ASSERT_TRUE(readAudio(dir.file("kept/render.wav"), rendered));
+    EXPECT_EQ(rendered.channels, 2);
+    EXPECT_EQ(slurp(dir.file("kept/state.chunk")).size(), 13729u);
+    for (const char* name : {"kept/render.wav", "kept/state.chunk"})
+        EXPECT_EQ(std::filesystem::status(dir.file(name)).permissions(),
+                  std::filesystem::perms::owner_read | std::filesystem::perms::owner_write |
+                      std::filesystem::perms::group_read)
+            << name;
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.file("kept")), {}), 2);
 }

@@ -1,5 +1,6 @@
 #include "HostActions.h"
 
+#include "TemporaryOutput.h"
 #include "VstPluginHost.h"
 
 #include <cerrno>
@@ -53,15 +54,14 @@ bool presetIndexOf(VstPluginHost& host, const std::string& preset, VstInt32& ind
 
 bool writeFileAtomically(const std::string& file, const char* data, std::size_t size, std::string& error)
 {
-    const std::string temporary = file + ".tmp-" + std::to_string(getpid());
-    FILE* out = std::fopen(temporary.c_str(), "wb");
+    TemporaryOutput temporary(file);
+    FILE* out = std::fopen(temporary.path().c_str(), "wb");
     bool written = out && std::fwrite(data, 1, size, out) == size;
     written = out && std::fflush(out) == 0 && fsync(fileno(out)) == 0 && written;
     if (out) written = std::fclose(out) == 0 && written;
-    if (!written || std::rename(temporary.c_str(), file.c_str()) != 0)
+    if (!written || !temporary.commit())
     {
         error = "cannot write " + file + ": " + std::strerror(errno);
-        std::remove(temporary.c_str());
         return false;
     }
     return true;

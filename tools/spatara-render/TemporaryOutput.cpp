@@ -2,7 +2,9 @@
 
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <limits.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace
@@ -17,10 +19,19 @@ void removeAndDie(int signal)
     // the program as it would have without us.
     ::raise(signal);
 }
+
+// Where the output really goes: an output that is a symbolic link stays one, and the file it leads to gets
+// the result.
+std::string linkTarget(const std::string& output)
+{
+    std::error_code unresolved;
+    const std::filesystem::path target = std::filesystem::weakly_canonical(output, unresolved);
+    return unresolved ? output : target.string();
+}
 } // namespace
 
 TemporaryOutput::TemporaryOutput(const std::string& output)
-    : output(output), temporary(output + ".tmp-" + std::to_string(::getpid()))
+    : output(linkTarget(output)), temporary(this->output + ".tmp-" + std::to_string(::getpid()))
 {
     if (temporary.size() >= sizeof(pendingPath)) return; // the file could not be made anyway
     std::memcpy(pendingPath, temporary.c_str(), temporary.size() + 1);
@@ -42,6 +53,10 @@ TemporaryOutput::~TemporaryOutput()
 
 bool TemporaryOutput::commit()
 {
+    // An older output keeps the mode its owner gave it.
+    struct stat older = {};
+    if (::stat(output.c_str(), &older) == 0 && ::chmod(temporary.c_str(), older.st_mode & 07777) != 0)
+        return false;
     committed = std::rename(temporary.c_str(), output.c_str()) == 0;
     return committed;
 }

@@ -1,6 +1,7 @@
 // The file a render writes before it becomes the output: beside the output under a name of its own, renamed
 // over it only when complete, and removed when the render fails or is interrupted (Ctrl-C, kill, a closed
-// terminal), so neither a half file nor a damaged older output is ever left.
+// terminal), so neither a half file nor a damaged older output is ever left. An output that is a symbolic
+// link stays a link: the file it leads to is replaced, keeping its mode.
 #pragma once
 
 #include <csignal>
@@ -17,7 +18,8 @@ class TemporaryOutput
     TemporaryOutput& operator=(const TemporaryOutput&) = delete;
 
     const std::string& path() const { return temporary; }
-    // Renames the complete file over the output; answers whether it is there.
+    // Gives the complete file the older output's mode and renames it over the output; answers whether it is
+    // there.
     bool commit();
 
   private:
