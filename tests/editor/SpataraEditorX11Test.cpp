@@ -172,7 +172,7 @@ TEST_F(SpataraEditorX11Test, OpensAtExactlyTheEditorRectangleAndDrawsTheBackgrou
         EXPECT_EQ(shot.pixel(x, y), pixelOfBitmap(128, x, y)) << "at " << x << "," << y;
 }
 
-TEST_F(SpataraEditorX11Test, ProcessPhaseAndModeClicksReachTheHostAsParameters3To5)
+TEST_F(SpataraEditorX11Test, ProcessPhaseAndModeClicksReachTheHostAsSingleAutomatedChangesOfParameters3To5)
 {
     setParameter(3, 0.0f);
     setParameter(4, 0.0f);
@@ -190,11 +190,9 @@ TEST_F(SpataraEditorX11Test, ProcessPhaseAndModeClicksReachTheHostAsParameters3T
         ASSERT_EQ(automation.size(), 1u) << index;
         EXPECT_EQ(automation[0].opt, index == 5 ? 0.5f : 1.0f);
     }
-    // The on/off buttons are gestures; the mode button sends a single change.
+    // Every button sends one automated change and no edit gesture around it.
     EXPECT_EQ(HostRecorder::opcodes(),
-              (std::vector<VstInt32>{audioMasterBeginEdit, audioMasterAutomate, audioMasterEndEdit,
-                                     audioMasterBeginEdit, audioMasterAutomate, audioMasterEndEdit,
-                                     audioMasterAutomate}));
+              (std::vector<VstInt32>{audioMasterAutomate, audioMasterAutomate, audioMasterAutomate}));
 }
 
 TEST_F(SpataraEditorX11Test, DraggingTheDepthHandleIsOneGestureForParameter0)
@@ -290,6 +288,43 @@ TEST_F(SpataraEditorX11Test, AboutScreenOpensOnAClickAndClosesOnTheNext)
     EXPECT_EQ(shot.pixel(36, 172), panel);
     // The about screen is no parameter.
     EXPECT_TRUE(automationOf(7).empty());
+}
+
+TEST_F(SpataraEditorX11Test, AClickOutsideTheAboutScreenClosesItAndReachesNoControlBeneath)
+{
+    openEditor();
+    const CColor panel = pixelOfBitmap(128, 36, 172);
+    const CColor screenCorner = pixelOfBitmap(140, 5, 140);
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 100 194 click 1"));
+    idleFor(150ms);
+    {
+        Screenshot shot(parent);
+        ASSERT_TRUE(shot.ok());
+        ASSERT_EQ(shot.pixel(36, 172), screenCorner);
+    }
+    const float depthBefore = getParameter(0);
+    char nameBefore[64] = {};
+    host->dispatch(effGetProgramName, 0, 0, nameBefore);
+    // The right half of the step rocker on the preset strip, well below the about screen.
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 240 229 click 1"));
+    idleFor(150ms);
+    Screenshot shot(parent);
+    ASSERT_TRUE(shot.ok());
+    EXPECT_EQ(shot.pixel(36, 172), panel);
+    char nameAfter[64] = {};
+    host->dispatch(effGetProgramName, 0, 0, nameAfter);
+    EXPECT_STREQ(nameAfter, nameBefore);
+    EXPECT_EQ(getParameter(0), depthBefore);
+    EXPECT_TRUE(HostRecorder::requests().empty());
+    // Closed, the editor takes clicks again: the same click now steps to the next preset.
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 240 229 click 1"));
+    EXPECT_TRUE(idleUntil(
+        [&]
+        {
+            char name[64] = {};
+            host->dispatch(effGetProgramName, 0, 0, name);
+            return std::string(name) != nameBefore;
+        }));
 }
 
 TEST_F(SpataraEditorX11Test, ClosesAndReopensFiveTimesLeavingNothingBehind)
