@@ -13,6 +13,7 @@
 #include "CSaveLoadButton.h"
 #include "CZEVTextEdit.h"
 #include "ManualDocument.h"
+#include "Utf8Text.h"
 #include "XPlatAlert.h"
 
 #include <algorithm>
@@ -31,10 +32,10 @@ const CColor kNameBackColor = MakeCColor(189, 207, 218, 255);
 const CColor kNameFontColor = MakeCColor(36, 36, 32, 255);
 const CColor kNameFrameColor = MakeCColor(36, 36, 32, 255);
 
-// A program name as the store keeps it: at most 23 characters.
+// A program name as the store keeps it: at most 23 bytes, cut before a character that would not fit.
 std::string storedName(const char* text)
 {
-    return std::string(text ? text : "").substr(0, kPresetNameSize - 1);
+    return std::string(text ? text : "", utf8CutLength(text, kPresetNameSize - 1));
 }
 
 // Adds view to frame and answers it; the frame takes over our reference.
@@ -209,7 +210,8 @@ void CPresetSystemEditor::valueChanged(CControl* control)
 
 void CPresetSystemEditor::renamePreset(CZEVTextEdit* edit)
 {
-    const std::string name = storedName(edit->getText());
+    // The field and the list entry keep the name as typed; only the store cuts it to what it holds.
+    const std::string name = edit->getText();
     edit->setText(name.c_str());
     if (presetMenu)
         if (CMenuItem* entry = presetMenu->getCurrent())

@@ -327,6 +327,60 @@ TEST_F(SpataraEditorX11Test, AClickOutsideTheAboutScreenClosesItAndReachesNoCont
         }));
 }
 
+TEST_F(SpataraEditorX11Test, ANameThatIsNotUtf8IsDrawnAndTheWholePanelStillDraws)
+{
+    // 22 letters and a lone first byte of an "é", as older versions stored a name cut inside it; it comes
+    // back with every project that saved it.
+    char broken[] = "abcdefghijklmnopqrstuv\xC3";
+    host->dispatch(effSetProgramName, 0, 0, broken);
+    std::vector<char> chunk;
+    {
+        void* data = nullptr;
+        const auto size = host->dispatch(effGetChunk, 0, 0, &data);
+        ASSERT_GT(size, 0);
+        chunk.assign(static_cast<char*>(data), static_cast<char*>(data) + size);
+    }
+    ASSERT_EQ(host->dispatch(effSetChunk, 0, static_cast<VstIntPtr>(chunk.size()), chunk.data()), 0);
+    openEditor();
+    Screenshot shot(parent);
+    ASSERT_TRUE(shot.ok());
+    // The file, default, memory and manual buttons: the first image of each, at its middle.
+    struct Button
+    {
+        int left, top, bitmap, x, y;
+    };
+    for (const Button& button :
+         {Button{8, 215, 19999, 6, 7}, Button{71, 230, 19993, 6, 7}, Button{22, 217, 19899, 23, 5},
+          Button{254, 215, 19995, 6, 7}, Button{279, 230, 19992, 6, 7}, Button{262, 187, 989, 8, 7}})
+    {
+        const CColor expected = pixelOfBitmap(button.bitmap, button.x, button.y);
+        ASSERT_NE(expected, pixelOfBitmap(128, button.left + button.x, button.top + button.y))
+            << button.bitmap;
+        EXPECT_EQ(shot.pixel(button.left + button.x, button.top + button.y), expected) << button.bitmap;
+    }
+    // The name itself is drawn: dark text pixels on the field.
+    int ink = 0;
+    for (int y = 224; y < 236; ++y)
+        for (int x = 93; x < 199; ++x)
+        {
+            const CColor c = shot.pixel(x, y);
+            ink += c.red < 120 && c.green < 120 && c.blue < 120;
+        }
+    EXPECT_GT(ink, 40);
+    // The open list draws every entry, the broken one too.
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 212 229 click 1"));
+    idleFor(200ms);
+    Screenshot list(parent);
+    ASSERT_TRUE(list.ok());
+    int changed = 0;
+    for (int y = 20; y < 200; y += 2)
+        for (int x = 0; x < 302; x += 2)
+            changed += list.pixel(x, y) != shot.pixel(x, y);
+    EXPECT_GT(changed, 2000) << "the list did not draw";
+    ASSERT_TRUE(X11TestWindow::xdotool("key Escape"));
+    idleFor(100ms);
+}
+
 TEST_F(SpataraEditorX11Test, ClosesAndReopensFiveTimesLeavingNothingBehind)
 {
     auto countFds = []

@@ -150,6 +150,26 @@ TEST_F(PanelX11, EscapeLeavesTheName)
     EXPECT_EQ(programName(), "initx");
 }
 
+TEST_F(PanelX11, SuperSConfirmsTheNameAsOneEditOfTag1000)
+{
+    click(kName);
+    keys("type --delay 20 'x'");
+    HostRecorder::clear();
+    keys("key super+s");
+    EXPECT_EQ(programName(), "initx");
+    std::vector<std::pair<VstInt32, VstInt32>> edits;
+    for (const auto& request : HostRecorder::requests())
+        if (request.opcode == audioMasterBeginEdit || request.opcode == audioMasterEndEdit)
+            edits.emplace_back(request.opcode, request.index);
+    EXPECT_EQ(edits, (std::vector<std::pair<VstInt32, VstInt32>>{{audioMasterBeginEdit, 1000},
+                                                                 {audioMasterEndEdit, 1000}}));
+    // The keyboard is free again: a second edit starts from the confirmed name.
+    click(kName);
+    keys("type --delay 20 'y'");
+    keys("key Return");
+    EXPECT_EQ(programName(), "initxy");
+}
+
 TEST_F(PanelX11, ClickingElsewhereConfirmsTheTypedName)
 {
     click(kName);

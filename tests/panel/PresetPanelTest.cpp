@@ -330,14 +330,59 @@ TEST_F(PresetPanel, EscapeLeavesThePresetsName)
     EXPECT_STREQ(editor->getNameEdit()->getText(), "init");
 }
 
-TEST_F(PresetPanel, ANameLongerThanTheStoreHoldsIsCutToTwentyThreeCharacters)
+TEST_F(PresetPanel, ANameLongerThanTheStoreHoldsIsCutToTwentyThreeCharactersInTheStoreOnly)
 {
     clickAt(140, 230);
     for (char c : std::string("abcdefghijklmnopqrstuvwxyz"))
         key(c);
     key(0, VKEY_RETURN);
     EXPECT_EQ(programName(), "initabcdefghijklmnopqrs");
-    EXPECT_STREQ(editor->getNameEdit()->getText(), "initabcdefghijklmnopqrs");
+    EXPECT_STREQ(effect->preset(0).name, "initabcdefghijklmnopqrs");
+    // The name field and the list entry keep the name as it was typed.
+    EXPECT_STREQ(editor->getNameEdit()->getText(), "initabcdefghijklmnopqrstuvwxyz");
+    EXPECT_STREQ(editor->getPresetMenu()->getEntry(0)->getTitle(), "initabcdefghijklmnopqrstuvwxyz");
+}
+
+TEST_F(PresetPanel, ATypedNameIsCutAtACharacterBoundaryNeverInsideOne)
+{
+    clickAt(140, 230);
+    for (int i = 0; i < 4; ++i)
+        key(0, VKEY_BACK);
+    for (char c : std::string("abcdefghijklmnopqrstuv"))
+        key(c);
+    key(0xE9); // "é": two bytes that would end at byte 24
+    key(0, VKEY_RETURN);
+    EXPECT_EQ(programName(), "abcdefghijklmnopqrstuv");
+    EXPECT_STREQ(editor->getNameEdit()->getText(), "abcdefghijklmnopqrstuv\xC3\xA9");
+}
+
+TEST_F(PresetPanel, ConfirmingANameReachesTheHostAsOneEditOfTag1000)
+{
+    clickAt(140, 230);
+    key('x');
+    host.clear();
+    key(0, VKEY_RETURN);
+    const auto begins = host.requestsOf(audioMasterBeginEdit);
+    const auto ends = host.requestsOf(audioMasterEndEdit);
+    ASSERT_FALSE(begins.empty());
+    ASSERT_FALSE(ends.empty());
+    EXPECT_EQ(host.requests().front().opcode, audioMasterBeginEdit);
+    EXPECT_EQ(host.requests().front().index, 1000);
+    EXPECT_EQ(host.requests().back().opcode, audioMasterEndEdit);
+    EXPECT_EQ(host.requests().back().index, 1000);
+    EXPECT_EQ(programName(), "initx");
+}
+
+TEST_F(PresetPanel, AKeyWithTheCommandModifierConfirmsTheName)
+{
+    clickAt(140, 230);
+    key('x');
+    VstKeyCode save;
+    save.character = 's';
+    save.modifier = MODIFIER_COMMAND;
+    frame->onKeyDown(save);
+    EXPECT_FALSE(editor->getNameEdit()->isBeingEdited());
+    EXPECT_EQ(programName(), "initx");
 }
 
 TEST_F(PresetPanel, KeysGoToTheNameNotToTheHostWhileItIsOpen)
