@@ -15,8 +15,10 @@
 #include "ManualDocument.h"
 #include "Utf8Text.h"
 #include "XPlatAlert.h"
+#include "XPlatAlertScope.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 
 namespace
@@ -50,31 +52,17 @@ double imageHeight(const CBitmap* bitmap, int images)
 {
     return bitmap->getHeight() / images;
 }
-
-// The editor whose window shows the process's alerts: the one opened last.
-CPresetSystemEditor* alertOwner = nullptr;
 } // namespace
 
 bool CPresetSystemEditor::open(void*)
 {
     if (!frame || !effect) return false;
     createPresetPanel();
-    alertOwner = this;
-    XPlatSetAlertHandler([this](const char* message) { CAlertView::showModal(frame, message); });
     return true;
-}
-
-void CPresetSystemEditor::releaseAlerts()
-{
-    // Another editor's window may have taken the alerts since; then they stay with it.
-    if (alertOwner != this) return;
-    XPlatSetAlertHandler({});
-    alertOwner = nullptr;
 }
 
 void CPresetSystemEditor::close()
 {
-    releaseAlerts();
     nameEdit = nullptr;
     presetMenu = nullptr;
     stepRocker = nullptr;
@@ -251,8 +239,12 @@ void CPresetSystemEditor::selectPreset(long index, const char* name)
 
 void CPresetSystemEditor::openManualDocument()
 {
-    std::string path;
-    if (!openManual(path)) XPlatDisplayAlert(manualAlertText(path).c_str());
+    // The alert belongs to this editor: it shows in this window, or as the desktop's dialog when the
+    // editor has none, never in another instance's window.
+    std::optional<XPlatAlertScope> inThisWindow;
+    if (frame && frame->getPlatformWindow())
+        inThisWindow.emplace([this](const char* message) { CAlertView::showModal(frame, message); });
+    if (!openManual()) XPlatDisplayAlert(manualAlertText().c_str());
     // The viewer (or the alert) took the pointer away without the button seeing it leave.
     if (manualButton)
     {
