@@ -232,7 +232,8 @@ void CPresetSystemEditor::choosePreset(float menuValue)
 void CPresetSystemEditor::selectPreset(long index, const char* name)
 {
     selectListEntry(index);
-    showPresetName(name);
+    // The name as given: a list entry keeps its title as it was typed, and so does the field.
+    if (nameEdit) nameEdit->setText(name);
     presetEffect()->setPresetNo(index);
     presetEffect()->setPresetName(name);
 }

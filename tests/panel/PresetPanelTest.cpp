@@ -346,6 +346,19 @@ TEST_F(PresetPanel, ANameLongerThanTheStoreHoldsIsCutToTwentyThreeCharactersInTh
     EXPECT_STREQ(editor->getPresetMenu()->getEntry(0)->getTitle(), "initabcdefghijklmnopqrstuvwxyz");
 }
 
+TEST_F(PresetPanel, ChoosingAnEntryShowsItsTitleAsTypedInTheNameField)
+{
+    clickAt(140, 230);
+    for (char c : std::string(" with a longer tail here"))
+        key(c);
+    key(0, VKEY_RETURN);
+    send(1012, 3.0f);
+    send(1012, 0.0f);
+    EXPECT_STREQ(editor->getNameEdit()->getText(), "init with a longer tail here");
+    EXPECT_EQ(programName(), "init with a longer tail");
+    EXPECT_EQ(effect->getPresetNo(), 0);
+}
+
 TEST_F(PresetPanel, ATypedNameIsCutAtACharacterBoundaryNeverInsideOne)
 {
     clickAt(140, 230);
