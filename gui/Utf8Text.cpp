@@ -1,5 +1,6 @@
 #include "Utf8Text.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace
@@ -32,22 +33,21 @@ bool secondByteFits(unsigned char lead, unsigned char second)
     return isContinuation(second);
 }
 
-// The bytes of the valid character at text[at], or 0 with invalid set to the length of the maximal
-// invalid part there (at least 1).
-std::size_t validCharacterAt(std::string_view text, std::size_t at, std::size_t& invalid)
+// How many bytes from text[at] on agree with a valid character: all of them (its length) for a whole
+// character, fewer for a broken or cut one, 0 for a byte that starts none. length: the character's length.
+std::size_t matchingBytes(std::string_view text, std::size_t at, std::size_t& length)
 {
     const auto lead = static_cast<unsigned char>(text[at]);
-    const std::size_t length = sequenceLength(lead);
-    invalid = 1;
+    length = sequenceLength(lead);
     if (length == 0) return 0;
-    for (std::size_t i = 1; i < length; ++i)
+    std::size_t matched = 1;
+    while (matched < length && at + matched < text.size())
     {
-        if (at + i >= text.size()) return 0;
-        const auto byte = static_cast<unsigned char>(text[at + i]);
-        if (!(i == 1 ? secondByteFits(lead, byte) : isContinuation(byte))) return 0;
-        invalid = i + 1;
+        const auto byte = static_cast<unsigned char>(text[at + matched]);
+        if (!(matched == 1 ? secondByteFits(lead, byte) : isContinuation(byte))) break;
+        ++matched;
     }
-    return length;
+    return matched;
 }
 } // namespace
 
@@ -57,18 +57,13 @@ std::string validUtf8(std::string_view text)
     result.reserve(text.size());
     for (std::size_t at = 0; at < text.size();)
     {
-        std::size_t invalid = 0;
-        const std::size_t length = validCharacterAt(text, at, invalid);
-        if (length)
-        {
+        std::size_t length = 0;
+        const std::size_t matched = matchingBytes(text, at, length);
+        if (matched == length && length)
             result.append(text.substr(at, length));
-            at += length;
-        }
         else
-        {
             result += kReplacement;
-            at += invalid;
-        }
+        at += std::max<std::size_t>(matched, 1);
     }
     return result;
 }
@@ -76,6 +71,7 @@ std::string validUtf8(std::string_view text)
 std::size_t utf8CutLength(const char* text, std::size_t limit)
 {
     if (!text) return 0;
+    // Never more than limit + 1 bytes are read: the text may come in a buffer of exactly that size.
     const std::size_t length = strnlen(text, limit + 1);
     if (length <= limit) return length;
     // Back over the continuation bytes at the cut to the character they belong to.
@@ -83,9 +79,9 @@ std::size_t utf8CutLength(const char* text, std::size_t limit)
     while (start > 0 && limit - start < 3 && isContinuation(static_cast<unsigned char>(text[start])))
         --start;
     if (start == limit) return limit;
-    // A character of up to four bytes may reach past limit + 1.
-    const std::string_view around(text, strnlen(text, limit + 4));
-    std::size_t invalid = 0;
-    const std::size_t character = validCharacterAt(around, start, invalid);
-    return character && start + character > limit ? start : limit;
+    const std::string_view known(text, limit + 1);
+    std::size_t character = 0;
+    const std::size_t matched = matchingBytes(known, start, character);
+    // A character whose bytes so far are right and which would end past the limit goes whole.
+    return matched == known.size() - start && start + character > limit ? start : limit;
 }
