@@ -40,7 +40,6 @@ bool isFile(const std::string& path)
     };
     return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
-
 } // namespace
 
 std::string manualDocumentsPath()
