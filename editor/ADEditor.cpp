@@ -57,6 +57,7 @@ ADEditor::ADEditor(AudioEffect* effect, RealValueReader realValue, MeterReader s
     : CPresetSystemEditor(effect), realValue(std::move(realValue)), stereoMeter(std::move(stereoMeter)),
       background(new CBitmap(128))
 {
+    // 302 x 250 rather than the classic 302 x 214, on purpose: the preset strip at the foot needs the rows.
     setRectFromBitmap(background);
 }
 

@@ -42,6 +42,11 @@ void CSplashScreenMyView::draw(CDrawContext* context)
     setDirty(false);
 }
 
+bool CSplashScreenMyView::hitTest(const CPoint&, const CButtonState&)
+{
+    return true;
+}
+
 CMouseEventResult CSplashScreenMyView::onMouseDown(CPoint&, const CButtonState& buttons)
 {
     if (!(buttons & kLButton)) return kMouseEventNotHandled;

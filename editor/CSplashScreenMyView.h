@@ -1,4 +1,5 @@
-// The about screen: the about image with the product's lines of text; a click anywhere on it closes it.
+// The about screen: the about image with the product's lines of text; a click anywhere in the editor
+// closes it.
 #pragma once
 
 #include "CColor.h"
@@ -21,6 +22,9 @@ class CSplashScreenMyView : public CControl
     void draw(CDrawContext* context) override;
     // Left button: the opener goes back to 0, the modal view is cleared and this screen frees itself.
     CMouseEventResult onMouseDown(CPoint& where, const CButtonState& buttons) override;
+    // As the frame's modal view it owns every click in the editor, beside it too: the controls beneath
+    // get nothing while it is shown.
+    bool hitTest(const CPoint& where, const CButtonState& buttons = CButtonState()) override;
 
     CLASS_METHODS(CSplashScreenMyView, CControl)
 

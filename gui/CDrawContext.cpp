@@ -1,6 +1,7 @@
 #include "CDrawContext.h"
 
 #include "CBitmap.h"
+#include "Utf8Text.h"
 
 #include <cairo.h>
 
@@ -101,13 +102,16 @@ double CDrawContext::getStringWidth(const char* text)
     if (!text) return 0.0;
     applyFont();
     cairo_text_extents_t extents;
-    cairo_text_extents(cr, text, &extents);
+    cairo_text_extents(cr, validUtf8(text).c_str(), &extents);
     return extents.x_advance;
 }
 
 void CDrawContext::drawString(const char* text, const CRect& rect, CHoriTxtAlign align, bool antialias)
 {
     if (!text || !*text) return;
+    // Cairo stops drawing anything on this context after one invalid string: names from old files or
+    // other machines are drawn with replacement characters instead.
+    const std::string shown = validUtf8(text);
     cairo_save(cr);
     applyFont();
     cairo_font_options_t* options = cairo_font_options_create();
@@ -117,7 +121,7 @@ void CDrawContext::drawString(const char* text, const CRect& rect, CHoriTxtAlign
     cairo_font_options_destroy(options);
 
     cairo_text_extents_t extents;
-    cairo_text_extents(cr, text, &extents);
+    cairo_text_extents(cr, shown.c_str(), &extents);
     cairo_font_extents_t fontExtents;
     cairo_font_extents(cr, &fontExtents);
 
@@ -134,7 +138,7 @@ void CDrawContext::drawString(const char* text, const CRect& rect, CHoriTxtAlign
     cairo_clip(cr);
     applyColor(fontColor);
     cairo_move_to(cr, static_cast<int>(x + 0.5), baseline);
-    cairo_show_text(cr, text);
+    cairo_show_text(cr, shown.c_str());
     if (fontStyle & kUnderlineFace)
     {
         cairo_move_to(cr, static_cast<int>(x + 0.5), baseline + 1.5);

@@ -20,6 +20,8 @@ void CLineEditor::setText(const char* newText)
 
 CLineEditor::Result CLineEditor::onKey(const VstKeyCode& key)
 {
+    // A key pressed with Command (the Super key here) confirms, as Return does; it types nothing.
+    if ((key.modifier & MODIFIER_COMMAND) && (key.virt || key.character)) return kConfirmed;
     switch (key.virt)
     {
     case VKEY_RETURN:

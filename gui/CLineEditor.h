@@ -20,8 +20,9 @@ class CLineEditor
 
     explicit CLineEditor(const char* text = "");
 
-    // Characters insert at the caret; Backspace, Delete, arrows, Home, End edit; Return / Enter confirm,
-    // Escape cancels. Control characters and other keys are not handled.
+    // Characters insert at the caret; Backspace, Delete, arrows, Home, End edit; Return / Enter and any key
+    // held with the Command modifier confirm, Escape cancels. Control characters and other keys are not
+    // handled.
     Result onKey(const VstKeyCode& key);
     // Replaces the text and puts the caret at its end.
     void setText(const char* text);

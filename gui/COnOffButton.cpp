@@ -21,9 +21,8 @@ CMouseEventResult COnOffButton::onMouseDown(CPoint&, const CButtonState& buttons
 {
     if (!(buttons & kLButton)) return kMouseEventNotHandled;
     value = value == vmax ? vmin : vmax;
-    beginEdit();
+    // A toggle is one automated change, not an edit gesture: no beginEdit / endEdit around it.
     valueChanged();
-    endEdit();
     invalid();
     return kMouseDownEventHandledButDontNeedMovedOrUpEvents;
 }

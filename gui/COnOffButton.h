@@ -10,7 +10,7 @@ class COnOffButton : public CControl
 
     // The lower half of the bitmap when the value is the maximum, else the upper half.
     void draw(CDrawContext* context) override;
-    // A left click toggles between minimum and maximum as one edit gesture.
+    // A left click toggles between minimum and maximum and tells the listener once, with no edit gesture.
     CMouseEventResult onMouseDown(CPoint& where, const CButtonState& buttons) override;
 
     CLASS_METHODS(COnOffButton, CControl)

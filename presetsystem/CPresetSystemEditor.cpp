@@ -6,7 +6,6 @@ CPresetSystemEditor::CPresetSystemEditor(AudioEffect* effect) : AEffGUIEditor(ef
 
 CPresetSystemEditor::~CPresetSystemEditor()
 {
-    releaseAlerts();
     storePathsAndFilenames();
 }
 

@@ -178,8 +178,6 @@ class CPresetSystemEditor : public AEffGUIEditor, public CControlListener
 
   private:
     void createPresetPanel();
-    // Stops this editor's window from showing the alerts.
-    void releaseAlerts();
     void renamePreset(CZEVTextEdit* edit);
     void stepPreset(float direction);
     void choosePreset(float menuValue);

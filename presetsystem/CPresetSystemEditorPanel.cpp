@@ -13,9 +13,12 @@
 #include "CSaveLoadButton.h"
 #include "CZEVTextEdit.h"
 #include "ManualDocument.h"
+#include "Utf8Text.h"
 #include "XPlatAlert.h"
+#include "XPlatAlertScope.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 
 namespace
@@ -31,10 +34,10 @@ const CColor kNameBackColor = MakeCColor(189, 207, 218, 255);
 const CColor kNameFontColor = MakeCColor(36, 36, 32, 255);
 const CColor kNameFrameColor = MakeCColor(36, 36, 32, 255);
 
-// A program name as the store keeps it: at most 23 characters.
+// A program name as the store keeps it: at most 23 bytes, cut before a character that would not fit.
 std::string storedName(const char* text)
 {
-    return std::string(text ? text : "").substr(0, kPresetNameSize - 1);
+    return std::string(text ? text : "", utf8CutLength(text, kPresetNameSize - 1));
 }
 
 // Adds view to frame and answers it; the frame takes over our reference.
@@ -49,31 +52,17 @@ double imageHeight(const CBitmap* bitmap, int images)
 {
     return bitmap->getHeight() / images;
 }
-
-// The editor whose window shows the process's alerts: the one opened last.
-CPresetSystemEditor* alertOwner = nullptr;
 } // namespace
 
 bool CPresetSystemEditor::open(void*)
 {
     if (!frame || !effect) return false;
     createPresetPanel();
-    alertOwner = this;
-    XPlatSetAlertHandler([this](const char* message) { CAlertView::showModal(frame, message); });
     return true;
-}
-
-void CPresetSystemEditor::releaseAlerts()
-{
-    // Another editor's window may have taken the alerts since; then they stay with it.
-    if (alertOwner != this) return;
-    XPlatSetAlertHandler({});
-    alertOwner = nullptr;
 }
 
 void CPresetSystemEditor::close()
 {
-    releaseAlerts();
     nameEdit = nullptr;
     presetMenu = nullptr;
     stepRocker = nullptr;
@@ -209,7 +198,8 @@ void CPresetSystemEditor::valueChanged(CControl* control)
 
 void CPresetSystemEditor::renamePreset(CZEVTextEdit* edit)
 {
-    const std::string name = storedName(edit->getText());
+    // The field and the list entry keep the name as typed; only the store cuts it to what it holds.
+    const std::string name = edit->getText();
     edit->setText(name.c_str());
     if (presetMenu)
         if (CMenuItem* entry = presetMenu->getCurrent())
@@ -242,15 +232,20 @@ void CPresetSystemEditor::choosePreset(float menuValue)
 void CPresetSystemEditor::selectPreset(long index, const char* name)
 {
     selectListEntry(index);
-    showPresetName(name);
+    // The name as given: a list entry keeps its title as it was typed, and so does the field.
+    if (nameEdit) nameEdit->setText(name);
     presetEffect()->setPresetNo(index);
     presetEffect()->setPresetName(name);
 }
 
 void CPresetSystemEditor::openManualDocument()
 {
-    std::string path;
-    if (!openManual(path)) XPlatDisplayAlert(manualAlertText(path).c_str());
+    // The alert belongs to this editor: it shows in this window, or as the desktop's dialog when the
+    // editor has none, never in another instance's window.
+    std::optional<XPlatAlertScope> inThisWindow;
+    if (frame && frame->getPlatformWindow())
+        inThisWindow.emplace([this](const char* message) { CAlertView::showModal(frame, message); });
+    if (!openManual()) XPlatDisplayAlert(manualAlertText().c_str());
     // The viewer (or the alert) took the pointer away without the button seeing it leave.
     if (manualButton)
     {

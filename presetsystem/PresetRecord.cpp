@@ -1,5 +1,7 @@
 #include "PresetRecord.h"
 
+#include "Utf8Text.h"
+
 #include <cstring>
 
 PresetRecord::PresetRecord(const PresetRecord& other)
@@ -17,16 +19,8 @@ PresetRecord& PresetRecord::operator=(const PresetRecord& other)
 
 void copyPresetName(PresetRecord& record, const char* text)
 {
-    char work[kPresetNameSize] = {};
-    std::memcpy(work, text, strnlen(text, kPresetNameSize));
-    if (strnlen(work, kPresetNameSize) >= kPresetNameSize - 1)
-    {
-        std::memcpy(record.name, work, kPresetNameSize);
-        record.name[kPresetNameSize - 1] = 0;
-    }
-    else
-    {
-        std::memset(record.name, 0, kPresetNameSize);
-        std::strcpy(record.name, work);
-    }
+    // text may be the record's own name.
+    const std::size_t length = utf8CutLength(text, kPresetNameSize - 1);
+    std::memmove(record.name, text, length);
+    std::memset(record.name + length, 0, kPresetNameSize - length);
 }

@@ -29,5 +29,6 @@ struct PresetRecord
 
 static_assert(sizeof(PresetRecord) == 48, "preset records are stored and copied as 48-byte blocks");
 
-// Names a record: at most 23 characters are kept, longer text is cut, never refused.
+// Names a record: at most 23 bytes are kept, longer text is cut before the character that would not fit
+// whole, never refused.
 void copyPresetName(PresetRecord& record, const char* text);

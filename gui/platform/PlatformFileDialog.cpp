@@ -1,14 +1,9 @@
 #include "PlatformFileDialog.h"
 
-#include <cerrno>
-#include <cstdlib>
-#include <cstring>
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include "ChildProcess.h"
 
-extern char** environ;
+#include <cstdlib>
+#include <unistd.h>
 
 namespace
 {
@@ -97,49 +92,17 @@ PlatformFileDialog::Outcome PlatformFileDialog::run(const PlatformFileDialogRequ
 {
     const Program program = findProgram();
     if (program == Program::none) return Outcome::unavailable;
-    const std::vector<std::string> args = commandLine(program, request);
-    std::vector<char*> argv;
-    for (const auto& arg : args)
-        argv.push_back(const_cast<char*>(arg.c_str()));
-    argv.push_back(nullptr);
-
-    int pipeFds[2];
-    if (pipe2(pipeFds, O_CLOEXEC) != 0) return Outcome::unavailable;
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, pipeFds[1], STDOUT_FILENO);
+    ChildProcessOptions options;
+    options.captureOutput = true;
     // The dialog programs chatter about their toolkit on stderr; the host's terminal is not theirs.
-    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    pid_t child = 0;
-    const int spawned = posix_spawnp(&child, argv[0], &actions, nullptr, argv.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    close(pipeFds[1]);
-    if (spawned != 0)
-    {
-        close(pipeFds[0]);
-        return Outcome::unavailable;
-    }
-
-    std::string output;
-    char buffer[512];
-    for (;;)
-    {
-        const ssize_t got = read(pipeFds[0], buffer, sizeof(buffer));
-        if (got > 0)
-            output.append(buffer, static_cast<size_t>(got));
-        else if (got == 0 || errno != EINTR)
-            break;
-    }
-    close(pipeFds[0]);
-    int status = 0;
-    while (waitpid(child, &status, 0) < 0 && errno == EINTR)
-    {
-    }
-    if (!WIFEXITED(status) || WEXITSTATUS(status) == 127) return Outcome::unavailable;
+    options.quietErrors = true;
+    ChildProcessResult dialog = runChildProcess(commandLine(program, request), options);
+    if (!dialog.finished || dialog.exitCode == 127 || dialog.exitCode == 126) return Outcome::unavailable;
+    std::string& output = dialog.output;
     while (!output.empty() && (output.back() == '\n' || output.back() == '\r'))
         output.pop_back();
     // A question prints nothing: its answer is the exit code alone.
-    if (WEXITSTATUS(status) != 0 || (output.empty() && request.question.empty())) return Outcome::cancelled;
+    if (dialog.exitCode != 0 || (output.empty() && request.question.empty())) return Outcome::cancelled;
     path = output;
     return Outcome::chosen;
 }

@@ -91,8 +91,11 @@ void CZEVTextEdit::endEditMode(bool commit)
     if (commit)
     {
         setText(lineEditor.getText().c_str());
-        // Only the listener hears of it: the name is no parameter, so no edit gesture goes to the host.
+        // One edit of the name's tag, as the classic entry sends it: the host sees the begin and end of an
+        // edit of tag 1000 around the rename.
+        beginEdit();
         valueChanged();
+        endEdit();
     }
     invalid();
 }

@@ -1,5 +1,6 @@
 // The preset name on the panel: a label that turns into a single-line editor in place when clicked.
-// Return, Enter, a click elsewhere or the window losing the keyboard confirms; Escape cancels. While it
+// Return, Enter, a key held with Command (Super), a click elsewhere or the window losing the keyboard
+// confirms; Escape cancels. While it
 // is open it takes every key, so the host never sees a shortcut typed into a name.
 #pragma once
 
@@ -24,7 +25,8 @@ class CZEVTextEdit : public CTextLabel
     // Losing the keyboard (a click elsewhere, another window) keeps what was typed.
     void looseFocus() override;
 
-    // Leaves editing; on commit takes the typed text and tells the listener.
+    // Leaves editing; on commit takes the typed text as it is and tells the listener, bracketed by
+    // beginEdit / endEdit of the label's tag.
     void endEditMode(bool commit);
     bool isBeingEdited() const { return beingEdited; }
     // The text being typed (the label's own text until the edit is confirmed).

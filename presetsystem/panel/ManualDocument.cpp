@@ -1,14 +1,12 @@
 #include "ManualDocument.h"
 
+#include "ChildProcess.h"
+
 #include <cstdlib>
 #include <dlfcn.h>
 #include <filesystem>
-#include <spawn.h>
 #include <sstream>
 #include <sys/stat.h>
-#include <sys/wait.h>
-
-extern char** environ;
 
 namespace
 {
@@ -42,27 +40,21 @@ bool isFile(const std::string& path)
     };
     return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
-
-// Answers whether the program ran and exited with 0.
-bool runAndWait(const char* program, const std::string& argument)
-{
-    char* argv[] = {const_cast<char*>(program), const_cast<char*>(argument.c_str()), nullptr};
-    pid_t child = 0;
-    if (posix_spawnp(&child, program, nullptr, nullptr, argv, environ) != 0) return false;
-    int status = 0;
-    while (waitpid(child, &status, 0) < 0)
-    {
-    }
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
 } // namespace
+
+std::string manualDocumentsPath()
+{
+    return std::string("Documents/") + kManualVendorFolder + "/" + kManualFamilyFolder + "/" +
+           kManualFileName;
+}
 
 std::vector<std::string> manualCandidatePaths()
 {
     std::vector<std::string> paths;
+    const std::string home = homeFolder();
+    if (!home.empty()) paths.push_back(home + "/" + manualDocumentsPath());
     const std::string beside = ownFolder();
     if (!beside.empty()) paths.push_back(beside + kManualFileName);
-    const std::string home = homeFolder();
     const std::string dataHome = environmentOr("XDG_DATA_HOME", home.empty() ? "" : home + "/.local/share");
     if (!dataHome.empty()) paths.push_back(dataHome + "/zev-spatara/" + kManualFileName);
     // An install under any prefix: the plug-in in <prefix>/lib/vst, the manual in <prefix>/share/doc.
@@ -77,24 +69,19 @@ std::vector<std::string> manualCandidatePaths()
     return paths;
 }
 
-bool openManual(std::string& path)
+bool openManual()
 {
-    const auto candidates = manualCandidatePaths();
-    path = candidates.empty() ? std::string(kManualFileName) : candidates.front();
-    for (const std::string& candidate : candidates)
+    for (const std::string& candidate : manualCandidatePaths())
     {
         if (!isFile(candidate)) continue;
-        path = candidate;
-        return runAndWait("xdg-open", candidate);
+        const ChildProcessResult viewer = runChildProcess({"xdg-open", candidate});
+        return viewer.finished && viewer.exitCode == 0;
     }
     return false;
 }
 
-std::string manualAlertText(const std::string& path)
+std::string manualAlertText()
 {
-    const std::string home = homeFolder();
-    if (!home.empty() && path.size() > home.size() + 1 && path.compare(0, home.size(), home) == 0 &&
-        path[home.size()] == '/')
-        return "Could not open manual file:\n~/\"" + path.substr(home.size() + 1) + "\"";
-    return "Could not open manual file:\n\"" + path + "\"";
+    // Always the documents path, wherever else the manual was looked for: the words users know it by.
+    return "Could not open manual file:\n~/\"" + manualDocumentsPath() + "\"";
 }

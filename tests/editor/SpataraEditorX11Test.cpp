@@ -172,7 +172,7 @@ TEST_F(SpataraEditorX11Test, OpensAtExactlyTheEditorRectangleAndDrawsTheBackgrou
         EXPECT_EQ(shot.pixel(x, y), pixelOfBitmap(128, x, y)) << "at " << x << "," << y;
 }
 
-TEST_F(SpataraEditorX11Test, ProcessPhaseAndModeClicksReachTheHostAsParameters3To5)
+TEST_F(SpataraEditorX11Test, ProcessPhaseAndModeClicksReachTheHostAsSingleAutomatedChangesOfParameters3To5)
 {
     setParameter(3, 0.0f);
     setParameter(4, 0.0f);
@@ -190,11 +190,9 @@ TEST_F(SpataraEditorX11Test, ProcessPhaseAndModeClicksReachTheHostAsParameters3T
         ASSERT_EQ(automation.size(), 1u) << index;
         EXPECT_EQ(automation[0].opt, index == 5 ? 0.5f : 1.0f);
     }
-    // The on/off buttons are gestures; the mode button sends a single change.
+    // Every button sends one automated change and no edit gesture around it.
     EXPECT_EQ(HostRecorder::opcodes(),
-              (std::vector<VstInt32>{audioMasterBeginEdit, audioMasterAutomate, audioMasterEndEdit,
-                                     audioMasterBeginEdit, audioMasterAutomate, audioMasterEndEdit,
-                                     audioMasterAutomate}));
+              (std::vector<VstInt32>{audioMasterAutomate, audioMasterAutomate, audioMasterAutomate}));
 }
 
 TEST_F(SpataraEditorX11Test, DraggingTheDepthHandleIsOneGestureForParameter0)
@@ -290,6 +288,97 @@ TEST_F(SpataraEditorX11Test, AboutScreenOpensOnAClickAndClosesOnTheNext)
     EXPECT_EQ(shot.pixel(36, 172), panel);
     // The about screen is no parameter.
     EXPECT_TRUE(automationOf(7).empty());
+}
+
+TEST_F(SpataraEditorX11Test, AClickOutsideTheAboutScreenClosesItAndReachesNoControlBeneath)
+{
+    openEditor();
+    const CColor panel = pixelOfBitmap(128, 36, 172);
+    const CColor screenCorner = pixelOfBitmap(140, 5, 140);
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 100 194 click 1"));
+    idleFor(150ms);
+    {
+        Screenshot shot(parent);
+        ASSERT_TRUE(shot.ok());
+        ASSERT_EQ(shot.pixel(36, 172), screenCorner);
+    }
+    const float depthBefore = getParameter(0);
+    char nameBefore[64] = {};
+    host->dispatch(effGetProgramName, 0, 0, nameBefore);
+    // The right half of the step rocker on the preset strip, well below the about screen.
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 240 229 click 1"));
+    idleFor(150ms);
+    Screenshot shot(parent);
+    ASSERT_TRUE(shot.ok());
+    EXPECT_EQ(shot.pixel(36, 172), panel);
+    char nameAfter[64] = {};
+    host->dispatch(effGetProgramName, 0, 0, nameAfter);
+    EXPECT_STREQ(nameAfter, nameBefore);
+    EXPECT_EQ(getParameter(0), depthBefore);
+    EXPECT_TRUE(HostRecorder::requests().empty());
+    // Closed, the editor takes clicks again: the same click now steps to the next preset.
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 240 229 click 1"));
+    EXPECT_TRUE(idleUntil(
+        [&]
+        {
+            char name[64] = {};
+            host->dispatch(effGetProgramName, 0, 0, name);
+            return std::string(name) != nameBefore;
+        }));
+}
+
+TEST_F(SpataraEditorX11Test, ANameThatIsNotUtf8IsDrawnAndTheWholePanelStillDraws)
+{
+    // 22 letters and a lone first byte of an "é", as older versions stored a name cut inside it; it comes
+    // back with every project that saved it.
+    char broken[] = "abcdefghijklmnopqrstuv\xC3";
+    host->dispatch(effSetProgramName, 0, 0, broken);
+    std::vector<char> chunk;
+    {
+        void* data = nullptr;
+        const auto size = host->dispatch(effGetChunk, 0, 0, &data);
+        ASSERT_GT(size, 0);
+        chunk.assign(static_cast<char*>(data), static_cast<char*>(data) + size);
+    }
+    ASSERT_EQ(host->dispatch(effSetChunk, 0, static_cast<VstIntPtr>(chunk.size()), chunk.data()), 0);
+    openEditor();
+    Screenshot shot(parent);
+    ASSERT_TRUE(shot.ok());
+    // The file, default, memory and manual buttons: the first image of each, at its middle.
+    struct Button
+    {
+        int left, top, bitmap, x, y;
+    };
+    for (const Button& button :
+         {Button{8, 215, 19999, 6, 7}, Button{71, 230, 19993, 6, 7}, Button{22, 217, 19899, 23, 5},
+          Button{254, 215, 19995, 6, 7}, Button{279, 230, 19992, 6, 7}, Button{262, 187, 989, 8, 7}})
+    {
+        const CColor expected = pixelOfBitmap(button.bitmap, button.x, button.y);
+        ASSERT_NE(expected, pixelOfBitmap(128, button.left + button.x, button.top + button.y))
+            << button.bitmap;
+        EXPECT_EQ(shot.pixel(button.left + button.x, button.top + button.y), expected) << button.bitmap;
+    }
+    // The name itself is drawn: dark text pixels on the field.
+    int ink = 0;
+    for (int y = 224; y < 236; ++y)
+        for (int x = 93; x < 199; ++x)
+        {
+            const CColor c = shot.pixel(x, y);
+            ink += c.red < 120 && c.green < 120 && c.blue < 120;
+        }
+    EXPECT_GT(ink, 40);
+    // The open list draws every entry, the broken one too.
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 212 229 click 1"));
+    idleFor(200ms);
+    Screenshot list(parent);
+    ASSERT_TRUE(list.ok());
+    int changed = 0;
+    for (int y = 20; y < 200; y += 2)
+        for (int x = 0; x < 302; x += 2)
+            changed += list.pixel(x, y) != shot.pixel(x, y);
+    EXPECT_GT(changed, 2000) << "the list did not draw";
+    ASSERT_TRUE(X11TestWindow::xdotool("key Escape"));
+    idleFor(100ms);
 }
 
 TEST_F(SpataraEditorX11Test, ClosesAndReopensFiveTimesLeavingNothingBehind)

@@ -106,6 +106,27 @@ TEST(CDrawContext, StringsAlignLeftCentreAndRight)
     }
 }
 
+TEST(CDrawContext, TextThatIsNotUtf8IsDrawnWithReplacementCharactersAndDrawingGoesOn)
+{
+    TestSurface surface(200, 40);
+    surface.clear(kBlackCColor);
+    auto* context = surface.getContext();
+    context->setFont(kNormalFont);
+    context->setFontColor(kWhiteCColor);
+    // 22 letters and the first byte of an "é" whose second byte was cut away.
+    const char* broken = "abcdefghijklmnopqrstuv\xC3";
+    const double width = context->getStringWidth(broken);
+    EXPECT_GT(width, context->getStringWidth("abcdefghijklmnopqrstuv"));
+    EXPECT_EQ(width, context->getStringWidth("abcdefghijklmnopqrstuv\xEF\xBF\xBD"));
+    context->drawString(broken, CRect(0, 0, 200, 20), kLeftText);
+    // Whatever comes after still draws.
+    context->setFillColor(kRedCColor);
+    context->drawRect(CRect(0, 25, 200, 40), kDrawFilled);
+    EXPECT_EQ(surface.pixel(100, 30), kRedCColor);
+    context->drawString("after", CRect(0, 20, 200, 40), kLeftText);
+    EXPECT_EQ(cairo_status(context->getCairo()), CAIRO_STATUS_SUCCESS);
+}
+
 TEST(CDrawContext, StringWidthGrowsWithFontSize)
 {
     TestSurface surface(10, 10);

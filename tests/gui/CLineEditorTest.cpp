@@ -47,6 +47,23 @@ TEST(CLineEditor, ReturnAndEnterConfirmEscapeCancels)
     EXPECT_EQ(editor.getText(), "x");
 }
 
+TEST(CLineEditor, AKeyWithTheCommandModifierConfirmsAndInsertsNothing)
+{
+    CLineEditor editor("x");
+    VstKeyCode save = character('s');
+    save.modifier = MODIFIER_COMMAND;
+    EXPECT_EQ(editor.onKey(save), CLineEditor::kConfirmed);
+    VstKeyCode left = virtualKey(VKEY_LEFT);
+    left.modifier = MODIFIER_COMMAND;
+    EXPECT_EQ(editor.onKey(left), CLineEditor::kConfirmed);
+    EXPECT_EQ(editor.getText(), "x");
+    // Shift, Alt and Control type as ever.
+    VstKeyCode shifted = character('S');
+    shifted.modifier = MODIFIER_SHIFT;
+    EXPECT_EQ(editor.onKey(shifted), CLineEditor::kEdited);
+    EXPECT_EQ(editor.getText(), "xS");
+}
+
 TEST(CLineEditor, BackspaceDeleteHomeAndEndEdit)
 {
     CLineEditor editor("/tmp/a.zev");

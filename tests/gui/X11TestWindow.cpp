@@ -4,12 +4,12 @@
 #include <cstdio>
 #include <cstdlib>
 
-X11TestWindow::X11TestWindow(int width, int height) : width(width), height(height)
+X11TestWindow::X11TestWindow(int width, int height, int x, int y) : width(width), height(height), x(x), y(y)
 {
     display = XOpenDisplay(nullptr);
     if (!display) return;
     const int screen = DefaultScreen(display);
-    window = XCreateSimpleWindow(display, RootWindow(display, screen), 0, 0, static_cast<unsigned>(width),
+    window = XCreateSimpleWindow(display, RootWindow(display, screen), x, y, static_cast<unsigned>(width),
                                  static_cast<unsigned>(height), 0, BlackPixel(display, screen),
                                  BlackPixel(display, screen));
     XMapWindow(display, window);
@@ -51,7 +51,8 @@ bool X11TestWindow::screenshot(const std::string& path)
 {
     const std::string full = path + ".full.png";
     if (std::system(("/usr/bin/import -window root '" + full + "'").c_str()) != 0) return false;
-    const std::string crop = std::to_string(width) + "x" + std::to_string(height) + "+0+0";
+    const std::string crop = std::to_string(width) + "x" + std::to_string(height) + "+" + std::to_string(x) +
+                             "+" + std::to_string(y);
     const bool ok =
         std::system(("/usr/bin/convert '" + full + "' -crop " + crop + " +repage '" + path + "'").c_str()) ==
         0;

@@ -9,8 +9,9 @@ typedef struct _XDisplay Display;
 class X11TestWindow
 {
   public:
-    // Opens $DISPLAY and maps a parent window of width × height at the screen's top-left corner.
-    X11TestWindow(int width, int height);
+    // Opens $DISPLAY and maps a parent window of width × height at (x, y) of the screen, by default its
+    // top-left corner.
+    X11TestWindow(int width, int height, int x = 0, int y = 0);
     ~X11TestWindow();
     X11TestWindow(const X11TestWindow&) = delete;
     X11TestWindow& operator=(const X11TestWindow&) = delete;
@@ -36,4 +37,6 @@ class X11TestWindow
     unsigned long window = 0;
     int width;
     int height;
+    int x;
+    int y;
 };

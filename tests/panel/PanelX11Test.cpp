@@ -4,11 +4,13 @@
 // checked through the plug-in's VST 2.4 interface as a host sees it.
 #include "COptionMenuPopup.h"
 #include "HostRecorder.h"
+#include "TestSurface.h"
 #include "VstTestHost.h"
 #include "X11TestWindow.h"
 
 #include <gtest/gtest.h>
 
+#include <cairo.h>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -151,6 +153,26 @@ TEST_F(PanelX11, EscapeLeavesTheName)
     keys("type --delay 20 'x'");
     keys("key Return");
     EXPECT_EQ(programName(), "initx");
+}
+
+TEST_F(PanelX11, SuperSConfirmsTheNameAsOneEditOfTag1000)
+{
+    click(kName);
+    keys("type --delay 20 'x'");
+    HostRecorder::clear();
+    keys("key super+s");
+    EXPECT_EQ(programName(), "initx");
+    std::vector<std::pair<VstInt32, VstInt32>> edits;
+    for (const auto& request : HostRecorder::requests())
+        if (request.opcode == audioMasterBeginEdit || request.opcode == audioMasterEndEdit)
+            edits.emplace_back(request.opcode, request.index);
+    EXPECT_EQ(edits, (std::vector<std::pair<VstInt32, VstInt32>>{{audioMasterBeginEdit, 1000},
+                                                                 {audioMasterEndEdit, 1000}}));
+    // The keyboard is free again: a second edit starts from the confirmed name.
+    click(kName);
+    keys("type --delay 20 'y'");
+    keys("key Return");
+    EXPECT_EQ(programName(), "initxy");
 }
 
 TEST_F(PanelX11, ClickingElsewhereConfirmsTheTypedName)
@@ -313,4 +335,41 @@ TEST_F(PanelX11, ManualThatCannotBeOpenedShowsTheAlertInTheEditorUntilOK)
     // The editor works on after OK.
     click(kNext);
     EXPECT_EQ(programName(), "enhanced mix 1");
+}
+
+TEST_F(PanelX11, WithTwoInstancesOpenTheManualAlertShowsInTheEditorThatRaisedIt)
+{
+    setenv("XDG_DATA_HOME", (files + "/data").c_str(), 1);
+    setenv("XDG_DATA_DIRS", (files + "/system").c_str(), 1);
+    const std::string oldHome = std::getenv("HOME");
+    setenv("HOME", files.c_str(), 1);
+    // A second instance, its editor opened after the first one's, in a window to the right of it.
+    X11TestWindow secondParent(302, 250, 320, 0);
+    auto second = makeHost();
+    ASSERT_TRUE(second->openEditor(secondParent.getWindow()));
+    ASSERT_TRUE(second->idleEditorUntil(
+        [&]
+        {
+            const auto children = secondParent.children();
+            return children.size() == 1 && children[0].mapped;
+        },
+        std::chrono::seconds(3)));
+    // While the alert is up: a screenshot of both windows, then OK in the first one. Should the alert be
+    // in the second window, its OK is clicked a little later so that the test ends either way.
+    const std::string shot = files + "/both.png";
+    inBackground("sleep 1; import -window root -crop 622x250+0+0 +repage '" + shot +
+                 "'; xdotool mousemove 151 146 click 1; sleep 2; xdotool mousemove 471 146 click 1");
+    click(kManual);
+    setenv("HOME", oldHome.c_str(), 1);
+    auto* image = cairo_image_surface_create_from_png(shot.c_str());
+    ASSERT_EQ(cairo_surface_status(image), CAIRO_STATUS_SUCCESS);
+    // The alert box's face, above its first line of text.
+    const CColor box = MakeCColor(189, 207, 218);
+    EXPECT_EQ(TestSurface::pixelOf(image, 16, 88), box) << "no alert in the first editor";
+    EXPECT_NE(TestSurface::pixelOf(image, 320 + 16, 88), box) << "the alert showed in the second editor";
+    cairo_surface_destroy(image);
+    // Both editors work on.
+    click(kNext);
+    EXPECT_EQ(programName(), "enhanced mix 1");
+    second->closeEditor();
 }

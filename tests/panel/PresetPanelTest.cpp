@@ -14,17 +14,20 @@
 #include "RecordingHost.h"
 #include "Spatara.h"
 #include "TempDir.h"
-#include "XPlatAlert.h"
+#include "XPlatAlertScope.h"
 #include "XPlatPrefs.h"
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <vector>
 
 namespace
@@ -331,14 +334,72 @@ TEST_F(PresetPanel, EscapeLeavesThePresetsName)
     EXPECT_STREQ(editor->getNameEdit()->getText(), "init");
 }
 
-TEST_F(PresetPanel, ANameLongerThanTheStoreHoldsIsCutToTwentyThreeCharacters)
+TEST_F(PresetPanel, ANameLongerThanTheStoreHoldsIsCutToTwentyThreeCharactersInTheStoreOnly)
 {
     clickAt(140, 230);
     for (char c : std::string("abcdefghijklmnopqrstuvwxyz"))
         key(c);
     key(0, VKEY_RETURN);
     EXPECT_EQ(programName(), "initabcdefghijklmnopqrs");
-    EXPECT_STREQ(editor->getNameEdit()->getText(), "initabcdefghijklmnopqrs");
+    EXPECT_STREQ(effect->preset(0).name, "initabcdefghijklmnopqrs");
+    // The name field and the list entry keep the name as it was typed.
+    EXPECT_STREQ(editor->getNameEdit()->getText(), "initabcdefghijklmnopqrstuvwxyz");
+    EXPECT_STREQ(editor->getPresetMenu()->getEntry(0)->getTitle(), "initabcdefghijklmnopqrstuvwxyz");
+}
+
+TEST_F(PresetPanel, ChoosingAnEntryShowsItsTitleAsTypedInTheNameField)
+{
+    clickAt(140, 230);
+    for (char c : std::string(" with a longer tail here"))
+        key(c);
+    key(0, VKEY_RETURN);
+    send(1012, 3.0f);
+    send(1012, 0.0f);
+    EXPECT_STREQ(editor->getNameEdit()->getText(), "init with a longer tail here");
+    EXPECT_EQ(programName(), "init with a longer tail");
+    EXPECT_EQ(effect->getPresetNo(), 0);
+}
+
+TEST_F(PresetPanel, ATypedNameIsCutAtACharacterBoundaryNeverInsideOne)
+{
+    clickAt(140, 230);
+    for (int i = 0; i < 4; ++i)
+        key(0, VKEY_BACK);
+    for (char c : std::string("abcdefghijklmnopqrstuv"))
+        key(c);
+    key(0xE9); // "é": two bytes that would end at byte 24
+    key(0, VKEY_RETURN);
+    EXPECT_EQ(programName(), "abcdefghijklmnopqrstuv");
+    EXPECT_STREQ(editor->getNameEdit()->getText(), "abcdefghijklmnopqrstuv\xC3\xA9");
+}
+
+TEST_F(PresetPanel, ConfirmingANameReachesTheHostAsOneEditOfTag1000)
+{
+    clickAt(140, 230);
+    key('x');
+    host.clear();
+    key(0, VKEY_RETURN);
+    const auto begins = host.requestsOf(audioMasterBeginEdit);
+    const auto ends = host.requestsOf(audioMasterEndEdit);
+    ASSERT_FALSE(begins.empty());
+    ASSERT_FALSE(ends.empty());
+    EXPECT_EQ(host.requests().front().opcode, audioMasterBeginEdit);
+    EXPECT_EQ(host.requests().front().index, 1000);
+    EXPECT_EQ(host.requests().back().opcode, audioMasterEndEdit);
+    EXPECT_EQ(host.requests().back().index, 1000);
+    EXPECT_EQ(programName(), "initx");
+}
+
+TEST_F(PresetPanel, AKeyWithTheCommandModifierConfirmsTheName)
+{
+    clickAt(140, 230);
+    key('x');
+    VstKeyCode save;
+    save.character = 's';
+    save.modifier = MODIFIER_COMMAND;
+    frame->onKeyDown(save);
+    EXPECT_FALSE(editor->getNameEdit()->isBeingEdited());
+    EXPECT_EQ(programName(), "initx");
 }
 
 TEST_F(PresetPanel, KeysGoToTheNameNotToTheHostWhileItIsOpen)
@@ -657,18 +718,14 @@ class Manual : public PresetPanel
         setenv("XDG_DATA_HOME", (home.path() + "/.local/share").c_str(), 1);
         setenv("XDG_DATA_DIRS", (home.path() + "/system").c_str(), 1);
         setenv("PATH", (tools.path() + ":" + oldPath).c_str(), 1);
-        XPlatSetAlertHandler([this](const char* message) { alerts.push_back(message); });
     }
-    ~Manual() override
-    {
-        setenv("PATH", oldPath.c_str(), 1);
-        XPlatSetAlertHandler({});
-    }
+    ~Manual() override { setenv("PATH", oldPath.c_str(), 1); }
     void installManual(const std::string& folder)
     {
         std::filesystem::create_directories(folder);
         std::ofstream(folder + "/Spatara-manual.pdf") << "%PDF-1.4\n";
     }
+    void openTwiceUnderTheHostsChildSignals(void (*handler)(int));
     void viewerExits(int code)
     {
         writeScript(tools.file("xdg-open"),
@@ -679,6 +736,8 @@ class Manual : public PresetPanel
     TempDir tools;
     std::string oldPath;
     std::vector<std::string> alerts;
+    // The editor here has no window: its alerts come to the alert scope around it, this one.
+    XPlatAlertScope alertsHere{[this](const char* message) { alerts.push_back(message); }};
 };
 
 TEST_F(Manual, ButtonOpensTheUsersManualWithTheDesktopViewer)
@@ -703,22 +762,69 @@ TEST_F(Manual, UsersManualComesBeforeTheSystemsOne)
                                                "/.local/share/zev-spatara/Spatara-manual.pdf\n");
 }
 
-TEST_F(Manual, ViewerFailingShowsTheAlertWithTheHomeRelativePath)
+TEST_F(Manual, ViewerFailingShowsTheAlertWithTheDocumentsPath)
 {
     installManual(home.path() + "/.local/share/zev-spatara");
     viewerExits(4);
     clickAt(270, 194);
     ASSERT_EQ(alerts.size(), 1u);
-    EXPECT_EQ(alerts[0], "Could not open manual file:\n~/\".local/share/zev-spatara/Spatara-manual.pdf\"");
+    // The alert names the documents path, whichever place the manual was found in.
+    EXPECT_EQ(alerts[0],
+              "Could not open manual file:\n~/\"Documents/ZEV Sound Design/Spatara/Spatara-manual.pdf\"");
 }
 
-TEST_F(Manual, NoManualAnywhereShowsTheAlertForTheFirstPlaceLooked)
+TEST_F(Manual, NoManualAnywhereShowsTheAlertWithTheDocumentsPath)
 {
     viewerExits(0);
     clickAt(270, 194);
     ASSERT_EQ(alerts.size(), 1u);
-    EXPECT_EQ(alerts[0], "Could not open manual file:\n\"" + manualCandidatePaths().front() + "\"");
+    EXPECT_EQ(alerts[0],
+              "Could not open manual file:\n~/\"Documents/ZEV Sound Design/Spatara/Spatara-manual.pdf\"");
     EXPECT_FALSE(std::filesystem::exists(tools.file("opened")));
+}
+
+namespace
+{
+// A host's own SIGCHLD handler that reaps every child, interrupting whatever waits meanwhile.
+void reapEveryChild(int)
+{
+    const int saved = errno;
+    while (waitpid(-1, nullptr, WNOHANG) > 0)
+    {
+    }
+    errno = saved;
+}
+} // namespace
+
+// With the host's SIGCHLD disposition set to handler: the viewer takes the manual, then fails to.
+void Manual::openTwiceUnderTheHostsChildSignals(void (*handler)(int))
+{
+    installManual(home.path() + "/.local/share/zev-spatara");
+    struct sigaction host = {}, old = {};
+    host.sa_handler = handler; // no SA_RESTART: a host's handler interrupts our waits
+    sigaction(SIGCHLD, &host, &old);
+    alarm(20); // a hang ends the test program instead of the run
+    viewerExits(0);
+    clickAt(270, 194);
+    EXPECT_TRUE(alerts.empty());
+    viewerExits(4);
+    clickAt(270, 194);
+    alarm(0);
+    sigaction(SIGCHLD, &old, nullptr);
+    const std::string manual = home.path() + "/.local/share/zev-spatara/Spatara-manual.pdf\n";
+    EXPECT_EQ(slurp(tools.file("opened")), manual + manual);
+    EXPECT_EQ(alerts.size(), 1u);
+}
+
+// A host that ignores SIGCHLD: the kernel reaps its children, waitpid answers ECHILD.
+TEST_F(Manual, AHostThatIgnoresChildSignalsIsNotHungAndTheViewersAnswerCounts)
+{
+    openTwiceUnderTheHostsChildSignals(SIG_IGN);
+}
+
+TEST_F(Manual, AHostThatReapsChildrenInItsOwnHandlerIsNotHungAndTheViewersAnswerCounts)
+{
+    openTwiceUnderTheHostsChildSignals(reapEveryChild);
 }
 
 TEST_F(Manual, ButtonDropsItsHighlightAfterOpening)
@@ -732,15 +838,27 @@ TEST_F(Manual, ButtonDropsItsHighlightAfterOpening)
     EXPECT_FALSE(editor->getManualButton()->isHovered());
 }
 
-TEST_F(Manual, PlacesLookedAtBesideThePluginThenTheUsersThenTheSystems)
+TEST_F(Manual, PlacesLookedAtTheDocumentsThenBesideThePluginThenTheUsersThenTheSystems)
 {
     const auto paths = manualCandidatePaths();
-    ASSERT_EQ(paths.size(), 4u);
+    ASSERT_EQ(paths.size(), 5u);
+    EXPECT_EQ(paths[0], home.path() + "/Documents/ZEV Sound Design/Spatara/Spatara-manual.pdf");
     // This test program stands in for the plug-in's .so.
     const auto beside = std::filesystem::canonical("/proc/self/exe").parent_path();
-    EXPECT_EQ(paths[0], (beside / "Spatara-manual.pdf").string());
-    EXPECT_EQ(paths[1], home.path() + "/.local/share/zev-spatara/Spatara-manual.pdf");
-    EXPECT_EQ(paths[2],
+    EXPECT_EQ(paths[1], (beside / "Spatara-manual.pdf").string());
+    EXPECT_EQ(paths[2], home.path() + "/.local/share/zev-spatara/Spatara-manual.pdf");
+    EXPECT_EQ(paths[3],
               (beside.parent_path().parent_path() / "share/doc/zev-spatara/Spatara-manual.pdf").string());
-    EXPECT_EQ(paths[3], home.path() + "/system/doc/zev-spatara/Spatara-manual.pdf");
+    EXPECT_EQ(paths[4], home.path() + "/system/doc/zev-spatara/Spatara-manual.pdf");
+}
+
+TEST_F(Manual, TheManualInTheUsersDocumentsIsOpenedFirst)
+{
+    installManual(home.path() + "/.local/share/zev-spatara");
+    installManual(home.path() + "/Documents/ZEV Sound Design/Spatara");
+    viewerExits(0);
+    clickAt(270, 194);
+    EXPECT_EQ(slurp(tools.file("opened")),
+              home.path() + "/Documents/ZEV Sound Design/Spatara/Spatara-manual.pdf\n");
+    EXPECT_TRUE(alerts.empty());
 }

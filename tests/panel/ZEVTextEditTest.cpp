@@ -76,7 +76,8 @@ TEST_F(ZEVTextEdit, ReturnConfirmsTheTypedNameAndTellsTheListenerOnce)
     press(virtualKey(VKEY_RETURN));
     EXPECT_FALSE(edit->isBeingEdited());
     EXPECT_STREQ(edit->getText(), "room space 1 b");
-    EXPECT_EQ(recorder.events, std::vector<std::string>{"value 1000"});
+    // One edit of the name's tag: begin, the change, end.
+    EXPECT_EQ(recorder.events, (std::vector<std::string>{"begin 1000", "value 1000", "end 1000"}));
     EXPECT_EQ(frame->getFocusView(), nullptr);
 }
 
@@ -86,7 +87,27 @@ TEST_F(ZEVTextEdit, EnterConfirmsLikeReturn)
     type("!");
     press(virtualKey(VKEY_ENTER));
     EXPECT_STREQ(edit->getText(), "room space 1!");
-    EXPECT_EQ(recorder.events.size(), 1u);
+    EXPECT_EQ(recorder.values.size(), 1u);
+}
+
+TEST_F(ZEVTextEdit, AKeyPressedWithTheCommandModifierConfirmsAndTypesNothing)
+{
+    frame->onMouseDown(onLabel, CButtonState(kLButton));
+    type("!");
+    VstKeyCode save = character('s');
+    save.modifier = MODIFIER_COMMAND;
+    press(save);
+    EXPECT_FALSE(edit->isBeingEdited());
+    EXPECT_STREQ(edit->getText(), "room space 1!");
+    EXPECT_EQ(recorder.events, (std::vector<std::string>{"begin 1000", "value 1000", "end 1000"}));
+}
+
+TEST_F(ZEVTextEdit, TheLabelKeepsTheNameAsTypedWhateverItsLength)
+{
+    frame->onMouseDown(onLabel, CButtonState(kLButton));
+    type(" and a name far longer than any store");
+    press(virtualKey(VKEY_RETURN));
+    EXPECT_STREQ(edit->getText(), "room space 1 and a name far longer than any store");
 }
 
 TEST_F(ZEVTextEdit, EscapeLeavesTheNameAndTellsNobody)
@@ -120,7 +141,7 @@ TEST_F(ZEVTextEdit, ClickingElsewhereConfirmsTheTypedName)
     frame->onMouseDown(elsewhere, CButtonState(kLButton));
     EXPECT_FALSE(edit->isBeingEdited());
     EXPECT_STREQ(edit->getText(), "room space 12");
-    EXPECT_EQ(recorder.events, std::vector<std::string>{"value 1000"});
+    EXPECT_EQ(recorder.events, (std::vector<std::string>{"begin 1000", "value 1000", "end 1000"}));
 }
 
 TEST_F(ZEVTextEdit, LosingTheKeyboardToAnotherWindowConfirms)
@@ -130,7 +151,7 @@ TEST_F(ZEVTextEdit, LosingTheKeyboardToAnotherWindowConfirms)
     frame->platformOnFocusLost();
     EXPECT_FALSE(edit->isBeingEdited());
     EXPECT_STREQ(edit->getText(), "room space 13");
-    EXPECT_EQ(recorder.events.size(), 1u);
+    EXPECT_EQ(recorder.values.size(), 1u);
 }
 
 TEST_F(ZEVTextEdit, EmptyFieldConfirmsAnEmptyName)
@@ -141,7 +162,7 @@ TEST_F(ZEVTextEdit, EmptyFieldConfirmsAnEmptyName)
     EXPECT_EQ(edit->getEditedText(), "");
     press(virtualKey(VKEY_RETURN));
     EXPECT_STREQ(edit->getText(), "");
-    EXPECT_EQ(recorder.events, std::vector<std::string>{"value 1000"});
+    EXPECT_EQ(recorder.events, (std::vector<std::string>{"begin 1000", "value 1000", "end 1000"}));
 }
 
 TEST_F(ZEVTextEdit, EveryKeyIsKeptFromTheHostWhileOpenAndNoneAfterwards)

@@ -1,13 +1,19 @@
 #include "XPlatAlert.h"
+#include "TempDir.h"
+#include "XPlatAlertScope.h"
 
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
 
 TEST(XPlatAlert, WithoutADisplayTheMessageGoesToStandardErrorAtOnce)
 {
-    XPlatSetAlertHandler(nullptr);
     const char* display = std::getenv("DISPLAY");
     const std::string saved = display ? display : "";
     unsetenv("DISPLAY");
@@ -24,8 +30,54 @@ TEST(XPlatAlert, WithoutADisplayTheMessageGoesToStandardErrorAtOnce)
 TEST(XPlatAlert, AnInstalledHandlerShowsTheMessage)
 {
     std::string shown;
-    XPlatSetAlertHandler([&](const char* message) { shown = message; });
-    XPlatDisplayAlert("in the editor");
-    XPlatSetAlertHandler(nullptr);
+    {
+        const XPlatAlertScope inTheEditor([&](const char* message) { shown = message; });
+        XPlatDisplayAlert("in the editor");
+    }
     EXPECT_EQ(shown, "in the editor");
+}
+
+TEST(XPlatAlert, AScopeShowsTheAlertsRaisedWithinItAndTheOuterOneComesBackAfter)
+{
+    std::vector<std::string> outer, inner;
+    const XPlatAlertScope outerScope([&](const char* message) { outer.push_back(message); });
+    {
+        const XPlatAlertScope innerScope([&](const char* message) { inner.push_back(message); });
+        XPlatDisplayAlert("first");
+    }
+    XPlatDisplayAlert("second");
+    EXPECT_EQ(inner, std::vector<std::string>{"first"});
+    EXPECT_EQ(outer, std::vector<std::string>{"second"});
+}
+
+TEST(XPlatAlert, TheDesktopsAlertIsWaitedForWhenTheHostIgnoresChildSignals)
+{
+    TempDir tools;
+    {
+        std::ofstream script(tools.file("zenity"));
+        script << "#!/bin/sh\nfor a in \"$@\"; do echo \"$a\"; done > '" << tools.file("shown")
+               << "'\nexit 0\n";
+    }
+    ::chmod(tools.file("zenity").c_str(), 0755);
+    const std::string oldPath = std::getenv("PATH");
+    setenv("PATH", (tools.path() + ":" + oldPath).c_str(), 1);
+    const char* display = std::getenv("DISPLAY");
+    const std::string oldDisplay = display ? display : "";
+    setenv("DISPLAY", ":99", 1); // the fake dialog needs no server
+    struct sigaction ignore = {}, old = {};
+    ignore.sa_handler = SIG_IGN;
+    sigaction(SIGCHLD, &ignore, &old);
+    alarm(20); // a hang ends the test program instead of the run
+    XPlatDisplayAlert("Could not open manual file:\n~/\"x.pdf\"");
+    alarm(0);
+    sigaction(SIGCHLD, &old, nullptr);
+    setenv("PATH", oldPath.c_str(), 1);
+    if (display)
+        setenv("DISPLAY", oldDisplay.c_str(), 1);
+    else
+        unsetenv("DISPLAY");
+    std::ifstream shown(tools.file("shown"));
+    const std::string text((std::istreambuf_iterator<char>(shown)), std::istreambuf_iterator<char>());
+    EXPECT_NE(text.find("--warning\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("Could not open manual file:\n~/\"x.pdf\"\n"), std::string::npos) << text;
 }

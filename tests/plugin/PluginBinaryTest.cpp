@@ -212,6 +212,23 @@ TEST_F(PluginBinary, TheHostSeesOneProgramNamedAfterTheCurrentPreset)
     EXPECT_STREQ(first, "my mix");
 }
 
+TEST_F(PluginBinary, AProgramNameTooLongForTheStoreIsCutAtACharacterBoundary)
+{
+    // 22 letters and an "é" (two bytes): the 23rd byte would split the "é", so it goes whole.
+    char newName[] = "abcdefghijklmnopqrstuv\xC3\xA9";
+    host->dispatch(effSetProgramName, 0, 0, newName);
+    EXPECT_EQ(host->text(effGetProgramName), "abcdefghijklmnopqrstuv");
+    // Three-byte characters: 7 of them fill 21 bytes, the 8th would end at byte 24.
+    char euros[] = "\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC"
+                   "\xE2\x82\xAC";
+    host->dispatch(effSetProgramName, 0, 0, euros);
+    EXPECT_EQ(host->text(effGetProgramName), std::string(euros, 21));
+    // Bytes that are no UTF-8 at all are kept as they came, up to 23.
+    char latin1[] = "abcdefghijklmnopqrstuv\xE9\xE9";
+    host->dispatch(effSetProgramName, 0, 0, latin1);
+    EXPECT_EQ(host->text(effGetProgramName), "abcdefghijklmnopqrstuv\xE9");
+}
+
 TEST_F(PluginBinary, HostWithoutAVersionGetsNoEffect)
 {
     std::string error;
