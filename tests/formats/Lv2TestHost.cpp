@@ -247,9 +247,8 @@ void Lv2TestHost::process(const float* inL, const float* inR, float* outL, float
     }
 }
 
-std::vector<std::string> Lv2TestHost::presetLabels() const
+void Lv2TestHost::forEachPreset(const std::function<void(const LilvNode*, const std::string&)>& visit) const
 {
-    std::vector<std::string> labels;
     LilvNode* presetClass = lilv_new_uri(world, LV2_PRESETS__Preset);
     LilvNode* label = lilv_new_uri(world, kRdfsLabel);
     LilvNodes* presets = lilv_plugin_get_related(plugin, presetClass);
@@ -259,39 +258,36 @@ std::vector<std::string> Lv2TestHost::presetLabels() const
         lilv_world_load_resource(world, preset);
         if (LilvNode* name = lilv_world_get(world, preset, label, nullptr))
         {
-            labels.emplace_back(lilv_node_as_string(name));
+            visit(preset, lilv_node_as_string(name));
             lilv_node_free(name);
         }
     }
     lilv_nodes_free(presets);
     lilv_node_free(label);
     lilv_node_free(presetClass);
+}
+
+std::vector<std::string> Lv2TestHost::presetLabels() const
+{
+    std::vector<std::string> labels;
+    forEachPreset([&](const LilvNode*, const std::string& name) { labels.push_back(name); });
     return labels;
 }
 
 bool Lv2TestHost::loadPreset(const std::string& wanted)
 {
     bool loaded = false;
-    LilvNode* presetClass = lilv_new_uri(world, LV2_PRESETS__Preset);
-    LilvNode* label = lilv_new_uri(world, kRdfsLabel);
-    LilvNodes* presets = lilv_plugin_get_related(plugin, presetClass);
-    LILV_FOREACH(nodes, i, presets)
-    {
-        const LilvNode* preset = lilv_nodes_get(presets, i);
-        lilv_world_load_resource(world, preset);
-        LilvNode* name = lilv_world_get(world, preset, label, nullptr);
-        if (!loaded && name && wanted == lilv_node_as_string(name))
+    forEachPreset(
+        [&](const LilvNode* preset, const std::string& name)
+        {
+            if (loaded || name != wanted) return;
             if (LilvState* state = lilv_state_new_from_world(world, &mapFeature, preset))
             {
                 lilv_state_restore(state, instance, &Lv2TestHost::setPortValue, this, 0, features.data());
                 lilv_state_free(state);
                 loaded = true;
             }
-        lilv_node_free(name);
-    }
-    lilv_nodes_free(presets);
-    lilv_node_free(label);
-    lilv_node_free(presetClass);
+        });
     return loaded;
 }
 

@@ -9,6 +9,7 @@
 #include <lv2/worker/worker.h>
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -57,6 +58,8 @@ class Lv2TestHost
     static const void* portValue(const char* symbol, void* self, uint32_t* size, uint32_t* type);
     static void setPortValue(const char* symbol, void* self, const void* value, uint32_t size, uint32_t type);
     void resetAtomPorts();
+    // Calls visit with every preset of the plug-in that has a label.
+    void forEachPreset(const std::function<void(const LilvNode*, const std::string&)>& visit) const;
 
     double rate = 44100.0;
     uint32_t block = 512;
