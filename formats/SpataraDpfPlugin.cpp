@@ -159,8 +159,15 @@ void SpataraDpfPlugin::setState(const char* key, const char* value)
     // An empty value is a fresh instance's default: the bank stays as the effect made it.
     if (std::strcmp(key, kBankKey) != 0 || !value || !*value) return;
     std::vector<uint8_t> bytes = d_getChunkFromBase64String(value);
+    if (bytes.empty()) return;
+    // LV2 hosts restore a session into a running instance, where a VST 2.4 host gives the chunk before it
+    // switches the effect on. Switched off and on around it, the effect starts on the restored values
+    // instead of gliding to them, as it does there. No host runs the plug-in while it restores.
+    const bool wasActive = active;
+    if (wasActive) dispatch(effMainsChanged, 0, 0, nullptr, 0.0f);
     // The effect checks the bytes and refuses a bad chunk, keeping its presets.
-    if (!bytes.empty()) dispatch(effSetChunk, 0, static_cast<VstIntPtr>(bytes.size()), bytes.data(), 0.0f);
+    dispatch(effSetChunk, 0, static_cast<VstIntPtr>(bytes.size()), bytes.data(), 0.0f);
+    if (wasActive) dispatch(effMainsChanged, 0, 1, nullptr, 0.0f);
 }
 
 // ---------------------------------------------------------------- processing
@@ -168,10 +175,12 @@ void SpataraDpfPlugin::setState(const char* key, const char* value)
 void SpataraDpfPlugin::activate()
 {
     dispatch(effMainsChanged, 0, 1, nullptr, 0.0f);
+    active = true;
 }
 
 void SpataraDpfPlugin::deactivate()
 {
+    active = false;
     dispatch(effMainsChanged, 0, 0, nullptr, 0.0f);
 }
 

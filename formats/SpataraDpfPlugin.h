@@ -59,5 +59,6 @@ class SpataraDpfPlugin : public DISTRHO::Plugin
 
     Spatara* effect = nullptr; // owned through its AEffect: effClose deletes it
     AEffect* vst = nullptr;
+    bool active = false; // between activate and deactivate (host's main thread)
 };
 } // namespace spatara

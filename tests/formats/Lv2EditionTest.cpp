@@ -321,3 +321,31 @@ TEST(Lv2State, ABankFromTheVstPluginRestoresInTheLv2Edition)
     ASSERT_TRUE(lv2->restoreState(edited));
     EXPECT_EQ(lv2Bank(*lv2), chunk);
 }
+
+TEST(Lv2State, AStateRestoredWhileRunningStartsOnItsValuesAsAReopenedVstPluginDoes)
+{
+    const Stereo in = testSignal(44100.0);
+    auto source = loadLv2(44100.0);
+    ASSERT_TRUE(source);
+    ASSERT_TRUE(source->loadPreset("tight 4"));
+    runLv2(*source, in);
+    const std::string saved = source->saveState();
+    const auto bank = lv2Bank(*source);
+
+    auto running = loadLv2(44100.0);
+    ASSERT_TRUE(running);
+    runLv2(*running, in); // on the init preset, as a host runs a fresh instance before it restores a session
+    ASSERT_TRUE(running->restoreState(saved));
+    const Stereo restored = runLv2(*running, in);
+
+    // A VST 2.4 host gives the chunk before it switches the effect on.
+    std::string error;
+    auto vst = VstPluginHost::load(SPATARA_PLUGIN_PATH, error);
+    ASSERT_TRUE(vst) << error;
+    vst->open();
+    ASSERT_EQ(vst->dispatch(effSetChunk, 0, static_cast<VstIntPtr>(bank.size()),
+                            const_cast<unsigned char*>(bank.data())),
+              0);
+    vst->start(44100.0f, kBlock);
+    EXPECT_LE(largestDifference(restored, runVst(*vst, in)), 1e-6);
+}
