@@ -41,14 +41,23 @@ VstIntPtr SpataraDpfPlugin::dispatch(VstInt32 opcode, VstInt32 index, VstIntPtr 
     return vst->dispatcher(vst, opcode, index, value, ptr, opt);
 }
 
-VstIntPtr SpataraDpfPlugin::answer(AEffect* e, VstInt32 opcode, VstInt32, VstIntPtr, void*, float)
+VstIntPtr SpataraDpfPlugin::answer(AEffect* e, VstInt32 opcode, VstInt32 index, VstIntPtr, void*, float opt)
 {
     // Called from the effect's constructor too, before user is set: then only the version has an answer.
     const auto* self = e ? static_cast<const SpataraDpfPlugin*>(e->user) : nullptr;
+    EditListener* listener = self ? self->editListener : nullptr;
     switch (opcode)
     {
     case audioMasterVersion:
         return kVstVersion;
+    // Edits in the effect's editor, on the UI thread: the UI passes them on to the host.
+    case audioMasterAutomate:
+        if (listener) listener->parameterEdited(static_cast<uint32_t>(index), opt);
+        return 0;
+    case audioMasterBeginEdit:
+    case audioMasterEndEdit:
+        if (listener) listener->editGesture(static_cast<uint32_t>(index), opcode == audioMasterBeginEdit);
+        return 1;
     case audioMasterGetSampleRate:
         return self ? static_cast<VstIntPtr>(self->getSampleRate()) : 0;
     case audioMasterGetBlockSize:
@@ -132,6 +141,9 @@ float SpataraDpfPlugin::getParameterValue(uint32_t index) const
 void SpataraDpfPlugin::setParameterValue(uint32_t index, float value)
 {
     if (!isParameter(static_cast<int>(index))) return;
+    // A port that shows what the effect already has changes nothing: an edit in the editor comes back
+    // from the host this way, and a restored bank meets the ports it was saved with.
+    if (getParameterValue(index) == value) return;
     vst->setParameter(vst, static_cast<VstInt32>(index),
                       parameterInfo(static_cast<int>(index)).fromUnit(value));
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "DistrhoPlugin.hpp"
+#include "EditListener.h"
 #include "ParameterMapping.h"
 #include "VstInterface.h"
 
@@ -20,6 +21,12 @@ class SpataraDpfPlugin : public DISTRHO::Plugin
 
     // The parameter index of the balance meter, after the six parameters.
     static constexpr uint32_t kMeterIndex = kNumParameters;
+
+    // ---- for the framework UI (host's UI thread)
+    // The effect, for its editor requests.
+    AEffect* vstEffect() const { return vst; }
+    // Who hears of edits made in the effect's editor; null for nobody.
+    void setEditListener(EditListener* listener) { editListener = listener; }
 
   protected:
     // ---- information (host's main thread)
@@ -60,5 +67,6 @@ class SpataraDpfPlugin : public DISTRHO::Plugin
     Spatara* effect = nullptr; // owned through its AEffect: effClose deletes it
     AEffect* vst = nullptr;
     bool active = false; // between activate and deactivate (host's main thread)
+    EditListener* editListener = nullptr;
 };
 } // namespace spatara
