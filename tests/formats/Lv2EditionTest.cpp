@@ -219,6 +219,11 @@ TEST_P(Lv2Edition, SoundsLikeTheVstPluginInEveryModeAndInBypass)
         EXPECT_GT(peak(expected), 0.1);
         EXPECT_LE(largestDifference(actual, expected), 1e-6)
             << "mode " << settings[kMode] << " process " << settings[kProcess] << " at " << rate;
+        // The meter output shows what the VST 2.4 plug-in reports on request.
+        float meter = 0.0f;
+        ASSERT_EQ(vst->dispatch(effVendorSpecific, CCONST('Z', 'v', 'M', 't'), 0, &meter), 1);
+        EXPECT_NE(meter, 0.0f);
+        EXPECT_EQ(lv2->control("meter"), meter);
     }
 }
 
