@@ -4,7 +4,7 @@
 #include "CPresetSystemEditor.h"
 #include "EngineCoefficients.h"
 #include "FactoryPresets.h"
-#include "ParameterText.h"
+#include "ParameterTable.h"
 #include "SpataraVersion.h"
 
 #include <cstdio>
@@ -16,26 +16,8 @@ constexpr VstInt32 kUniqueId = CCONST('Q', 'w', 's', 'n');
 constexpr VstInt32 kVendorVersion = SPATARA_VENDOR_VERSION;
 constexpr VstInt32 kMeterRequest = CCONST('Z', 'v', 'M', 't');
 
-struct ParameterText
-{
-    const char* name;
-    const char* label; // the blanks are part of the label, hosts show them as they are
-};
-
-constexpr ParameterText kParameterTexts[kNumParameters] = {
-    {"depth", "    %   "},    {"baseFreq", "    Hz   "}, {"wdth/emph", "    %    "},
-    {"process", "         "}, {"phase", "         "},    {"mode", "         "},
-};
-
-bool isParameter(VstInt32 index)
-{
-    return index >= 0 && index < kNumParameters;
-}
-
-void setOnOffText(float realValue, char* text)
-{
-    std::strcpy(text, realValue >= 0.5f ? "On" : "Off");
-}
+using spatara::isParameter;
+using spatara::parameterInfo;
 
 bool fillPinProperties(VstInt32 index, const char* format, VstPinProperties* properties)
 {
@@ -218,30 +200,25 @@ void Spatara::setParameter(VstInt32 index, float value)
     if (isParameter(index))
     {
         normalised[index].store(value, std::memory_order_relaxed);
-        float realValue = value;
+        const float realValue = parameterInfo(index).toEngine(value);
         switch (index)
         {
         case kDepth:
-            realValue = depthFromNormalised(value);
             engine.setDepth(realValue);
             break;
         case kBaseFreq:
-            realValue = frequencyFromNormalised(value);
             engine.setBaseFrequency(realValue);
             break;
         case kWidth:
             engine.setWidth(realValue);
             break;
         case kProcess:
-            realValue = switchFromNormalised(value);
             engine.setProcess(realValue);
             break;
         case kPhase:
-            realValue = switchFromNormalised(value);
             engine.setPhase(realValue);
             break;
         case kMode:
-            realValue = modeFromNormalised(value);
             engine.setMode(realValue);
             break;
         default:
@@ -265,73 +242,34 @@ float Spatara::getParameterValue(VstInt32 index) const
 
 void Spatara::getParameterName(VstInt32 index, char* text)
 {
-    if (isParameter(index)) std::strcpy(text, kParameterTexts[index].name);
+    if (isParameter(index)) std::strcpy(text, parameterInfo(index).name);
 }
 
 void Spatara::getParameterLabel(VstInt32 index, char* label)
 {
-    std::strcpy(label, isParameter(index) ? kParameterTexts[index].label : " ");
+    std::strcpy(label, isParameter(index) ? parameterInfo(index).label : " ");
 }
 
 void Spatara::getParameterDisplay(VstInt32 index, char* text)
 {
-    const float v = getParameter(index);
-    switch (index)
-    {
-    case kDepth:
-        float2string2(100.0f * v, 1, text);
-        break;
-    case kBaseFreq:
-        float2string2(getParameterValue(kBaseFreq), 2, text);
-        break;
-    case kWidth:
-    {
-        // Mode 1 counts down while mode 0 counts up for the same knob movement; users know it that way.
-        const float mode = getParameterValue(kMode);
-        const float shown = mode == 0.0f   ? 300.0f * v + 100.0f
-                            : mode == 1.0f ? 400.0f - 300.0f * v
-                                           : 100.0f * v;
-        float2string2(shown, 1, text);
-        break;
-    }
-    case kProcess:
-    case kPhase:
-        setOnOffText(getParameterValue(index), text);
-        break;
-    case kMode:
-    {
-        // Shown one above its value: mode 0 is "Mode1".
-        static const char* const kModeNames[] = {"Mode1", "Mode2", "Mode3"};
-        const float mode = getParameterValue(kMode);
-        std::strcpy(text, kModeNames[mode == 0.0f ? 0 : mode == 1.0f ? 1 : 2]);
-        break;
-    }
-    default:
+    if (isParameter(index))
+        parameterInfo(index).display(getParameter(index), getParameterValue(kMode), text);
+    else
         std::strcpy(text, "UNDEF");
-        break;
-    }
 }
 
 bool Spatara::getParameterProperties(VstInt32 index, VstParameterProperties* properties)
 {
     if (!isParameter(index)) return false;
+    const spatara::ParameterInfo& info = parameterInfo(index);
     std::memset(properties, 0, sizeof(*properties));
     getParameterName(index, properties->label);
     std::snprintf(properties->shortLabel, sizeof(properties->shortLabel), "%.7s", properties->label);
     properties->flags = kVstParameterUsesFloatStep;
-    float step = 1.0f / 256.0f, smallStep = 1.0f / 1024.0f, largeStep = 1.0f / 64.0f;
-    if (index == kProcess || index == kPhase)
-    {
-        properties->flags |= kVstParameterIsSwitch;
-        step = smallStep = largeStep = 1.0f;
-    }
-    else if (index == kMode)
-    {
-        step = smallStep = largeStep = 0.5f;
-    }
-    properties->stepFloat = step;
-    properties->smallStepFloat = smallStep;
-    properties->largeStepFloat = largeStep;
+    if (info.kind == spatara::ParameterKind::Toggle) properties->flags |= kVstParameterIsSwitch;
+    properties->stepFloat = info.step;
+    properties->smallStepFloat = info.smallStep;
+    properties->largeStepFloat = info.largeStep;
     return true;
 }
 
@@ -342,12 +280,12 @@ bool Spatara::canParameterBeAutomated(VstInt32 index)
 
 bool Spatara::isDummy(int index)
 {
-    return static_cast<unsigned>(index) > 5u;
+    return !isParameter(index);
 }
 
 bool Spatara::isDummyOld(int index)
 {
-    return static_cast<unsigned>(index) > 5u;
+    return !isParameter(index);
 }
 
 // ---------------------------------------------------------------- presets

@@ -8,10 +8,12 @@ SPATARA_BUILD_PACKAGES=(
     dpf-source libx11-dev libxext-dev libxcursor-dev libxrandr-dev
     fonts-dejavu-core fontconfig
     groff help2man
+    lv2-dev liblilv-dev # the LV2 edition's tests host it through lilv
 )
 SPATARA_TEST_PACKAGES=(
     xvfb xdotool imagemagick x11-utils zenity sox
     ardour python3 # the plug-in's proof in Ardour, tests/host
+    lilv-utils sordi jalv jackd2 # lv2info, lv2_validate (sord_validate is in sordi), an LV2 host and its JACK
 )
 
 # What scripts/release-check needs beyond the build: Debian's package checker.

@@ -14,26 +14,18 @@
 # The work folder (sessions, logs, audio) is removed after a pass unless ARDOUR_PROOF_KEEP=1.
 set -euo pipefail
 
-readonly SKIP=77
 readonly NAME="ZEV Spatara"
 readonly UNIQUE_ID="Qwsn"
 readonly UNIQUE_ID_DECIMAL=1366782830 # the integer whose big-endian bytes are "Qwsn"
 readonly PARAMETER_NAMES="depth baseFreq wdth/emph process phase mode"
 readonly CHUNK_SIZE=13729
 readonly RECORD_SECONDS=3
-readonly ARDOUR_TIMEOUT=120
 # The values of the factory preset "room space 3", set one by one through the host.
 readonly PARAMETERS=(depth=0.75 baseFreq=0.25 wdth/emph=0.25 process=1 phase=0 mode=1.0)
 readonly VALUES="0.75,0.25,0.25,1,0,1"
 # A preset the host cannot select (it sees one program): "enhanced space 1", in another mode.
 readonly OTHER_PRESET=5
 readonly OTHER_VALUES="0.75,0.25,0.5,1,0,0.5"
-
-fail() {
-    echo "FAIL: $*" >&2
-    exit 1
-}
-step() { echo "== $*"; }
 
 if [ $# -ne 2 ]; then
     echo "usage: $0 PATH/Spatara.so PATH/spatara-render" >&2
@@ -42,64 +34,25 @@ fi
 plugin="$(realpath "$1")"
 render="$(realpath "$2")"
 here="$(cd "$(dirname "$0")" && pwd)"
+source "$here/ardour-lib.sh"
 [ -f "$plugin" ] || fail "no plug-in at $1"
 [ -x "$render" ] || fail "no spatara-render at $2"
 
-ardour_package="$(dpkg-query -W -f='${Status}' ardour 2> /dev/null || true)"
-if ! command -v ardour7-lua > /dev/null && [[ "$ardour_package" != *"ok installed"* ]]; then
-    echo "SKIP: Ardour 7 is not installed (apt-get install ardour)"
-    exit $SKIP
-fi
-command -v ardour7-lua > /dev/null || fail "Ardour is installed but ardour7-lua is missing"
+require_ardour
 scanner=""
 for candidate in /usr/lib/ardour7/ardour-vst-scanner /usr/lib/*/ardour7/ardour-vst-scanner; do
     if [ -x "$candidate" ]; then scanner="$candidate" && break; fi
 done
 [ -n "$scanner" ] || fail "Ardour is installed but its ardour-vst-scanner is missing"
-command -v python3 > /dev/null || fail "python3 is needed to read Ardour's files"
-tool() { python3 "$here/ardour_proof.py" "$@"; }
 
-work="$(mktemp -d "${TMPDIR:-/tmp}/ardour-proof.XXXXXX")"
-finish() {
-    local status=$?
-    if [ $status -eq 0 ] && [ "${ARDOUR_PROOF_KEEP:-0}" != 1 ]; then
-        rm -rf "$work"
-    else
-        echo "kept for inspection: $work" >&2
-    fi
-}
-trap finish EXIT
-
-# Ardour reads and writes its configuration, caches and plug-in list under these: all inside $work, so
-# the user's own Ardour set-up is never read or touched. Only our copy of the plug-in is on the VST path.
-export HOME="$work/home"
-export XDG_CONFIG_HOME="$HOME/.config" XDG_CACHE_HOME="$HOME/.cache" XDG_DATA_HOME="$HOME/.local/share"
+make_work_folder
+# Only our copy of the plug-in is on the VST path.
 export LXVST_PATH="$work/vst"
-unset VST_PATH VST3_PATH LADSPA_PATH LV2_PATH
-mkdir -p "$HOME" "$LXVST_PATH"
+mkdir -p "$LXVST_PATH"
 cp "$plugin" "$LXVST_PATH/Spatara.so"
 # Ardour trusts its scan cache only if the cache is not older than the plug-in, and stamps the cache in
 # whole seconds: a copy made within the same second would look newer than its cache and be skipped.
 touch -m -d "@$(($(date +%s) - 60))" "$LXVST_PATH/Spatara.so"
-# run_ardour LOG SCRIPT ARGS...: one headless Ardour run; its PROOF lines are then read from LOG.
-run_ardour() {
-    local log="$1"
-    shift
-    if ! timeout "$ARDOUR_TIMEOUT" ardour7-lua "$@" > "$log" 2>&1; then
-        sed 's/^/    | /' "$log" >&2
-        fail "ardour7-lua $(basename "$1") failed"
-    fi
-}
-proof_line() { grep "^PROOF $2" "$1" || fail "Ardour did not report '$2' (see $1)"; }
-# stereo LOG KIND OUT: the stereo file of the KIND ("bounced", "printed") that Ardour reported in LOG;
-# Ardour writes one mono file a channel.
-stereo() {
-    local left right
-    left="$(proof_line "$1" "$2 0" | cut -d' ' -f4-)"
-    right="$(proof_line "$1" "$2 1" | cut -d' ' -f4-)"
-    tool interleave "$left" "$right" "$3" --label "$2"
-}
-
 echo "Ardour: $(ardour7-lua --version 2>&1 | head -n 1); plug-in: $plugin"
 "$render" --info "$plugin" > "$work/info.txt" || fail "spatara-render --info failed"
 has_editor=()
@@ -121,27 +74,12 @@ tool check-scan "${caches[0]}" --name "$NAME" --unique-id "$UNIQUE_ID" "${has_ed
 step "b. Ardour plays a take through the plug-in, parameters set through the host"
 run_ardour "$work/session1.log" "$here/record-and-bounce.lua" "$work/session" "$UNIQUE_ID_DECIMAL" \
     "$RECORD_SECONDS" "${PARAMETERS[@]}"
-proof_line "$work/session1.log" listed | sed 's/^PROOF /  Ardour /'
-instance="$(proof_line "$work/session1.log" instance)"
-echo "  Ardour ${instance#PROOF }"
-case "$instance" in
-*"name=$NAME "*"parameters=6 inputs=2 outputs=2 latency=0") ;;
-*) fail "Ardour's instance differs from name=$NAME, 6 parameters, 2 in / 2 out, latency 0" ;;
-esac
-names="$(proof_line "$work/session1.log" parameter | awk '{print $4}' | xargs)"
-[ "$names" = "$PARAMETER_NAMES" ] || fail "Ardour lists the parameters '$names', expected '$PARAMETER_NAMES'"
-echo "  ok: Ardour lists the parameters $names"
-set_values="$(proof_line "$work/session1.log" set | awk '{printf "%s%s", sep, $5; sep=","}')"
-echo "  parameters Ardour holds after setting them: $set_values"
-[ "$set_values" = "$VALUES" ] || fail "Ardour holds $set_values, expected $VALUES"
+check_instance "$work/session1.log" "*name=$NAME *parameters=6 inputs=2 outputs=2 latency=0" \
+    "name=$NAME, 6 parameters, 2 in / 2 out, latency 0"
+check_names "$work/session1.log" "$PARAMETER_NAMES"
+check_values "$work/session1.log" set "after setting them" "$VALUES"
 
-take_left="$(proof_line "$work/session1.log" "take 0" | cut -d' ' -f4-)"
-take_right="$(proof_line "$work/session1.log" "take 1" | cut -d' ' -f4-)"
-tool interleave "$take_left" "$take_right" "$work/take.wav" --label "recorded take"
-render_args=()
-for p in "${PARAMETERS[@]}"; do render_args+=(--param "$p"); done
-"$render" "$plugin" "$work/take.wav" "$work/reference.wav" "${render_args[@]}" > /dev/null ||
-    fail "spatara-render could not render the take"
+render_take "$work/session1.log" "$plugin" "$render" "${PARAMETERS[@]}"
 stereo "$work/session1.log" bounced "$work/bounced.wav"
 tool check-changed "$work/take.wav" "$work/bounced.wav" --min-relative 0.1
 tool compare "$work/reference.wav" "$work/bounced.wav" --label "Ardour's bounce" --expect-offset 0 \
@@ -168,9 +106,7 @@ tool check-chunk "$work/ardour.chunk" --unique-id "$UNIQUE_ID" --size "$CHUNK_SI
     --values "$VALUES" --names "$work/names.txt"
 
 run_ardour "$work/session2.log" "$here/reopen-and-bounce.lua" "$work/session" "$UNIQUE_ID_DECIMAL" reopened
-reopened_values="$(proof_line "$work/session2.log" reopened | awk '{printf "%s%s", sep, $5; sep=","}')"
-echo "  parameters Ardour finds after reopening: $reopened_values"
-[ "$reopened_values" = "$VALUES" ] || fail "the reopened session holds $reopened_values, expected $VALUES"
+check_values "$work/session2.log" reopened "after reopening" "$VALUES"
 stereo "$work/session2.log" bounced "$work/reopened.wav"
 tool compare "$work/reference.wav" "$work/reopened.wav" --label "bounce in the reopened session" \
     --expect-offset 0 --max-abs 0 --max-relative 0
@@ -192,7 +128,7 @@ tool check-chunk "$work/other.chunk" --unique-id "$UNIQUE_ID" --size "$CHUNK_SIZ
     --values "$OTHER_VALUES" --names "$work/names.txt"
 tool put-chunk "$work/session/proof.ardour" "$work/other.chunk" --unique-id "$UNIQUE_ID"
 run_ardour "$work/session3.log" "$here/reopen-and-bounce.lua" "$work/session" "$UNIQUE_ID_DECIMAL" other
-other_values="$(proof_line "$work/session3.log" reopened | awk '{printf "%s%s", sep, $5; sep=","}')"
+other_values="$(values "$work/session3.log" reopened)"
 echo "  parameters Ardour finds after reopening: $other_values"
 [ "$other_values" = "$OTHER_VALUES" ] ||
     fail "Ardour reopened the plug-in on $other_values, expected $OTHER_VALUES"

@@ -8,6 +8,8 @@ import argparse
 import array
 import base64
 import math
+import os
+import re
 import struct
 import sys
 import xml.etree.ElementTree as ElementTree
@@ -226,6 +228,35 @@ def put_chunk(args):
     print(f"  {args.chunk} put into {args.session} in place of Ardour's chunk")
 
 
+def lv2_state_bank(args):
+    """The bank an LV2 edition left in a session: Ardour keeps the plug-in's state in a state.ttl of the
+    processor's own folder (plugins/ID/STATE-DIR), the bank as base64 text under the key URI#bank."""
+    tree = ElementTree.parse(args.session)
+    found = [p for p in tree.getroot().iter("Processor") if p.get("type") == "lv2" and
+             p.get("unique-id") == args.uri]
+    if len(found) != 1:
+        fail(f"{args.session}: expected one processor of {args.uri}, found {len(found)}")
+    lv2 = found[0].find("lv2")
+    if lv2 is None or not lv2.get("state-dir"):
+        fail(f"{args.session}: the LV2 processor names no state folder")
+    state = os.path.join(os.path.dirname(args.session), "plugins", found[0].get("id"), lv2.get("state-dir"),
+                         "state.ttl")
+    try:
+        with open(state, encoding="utf-8") as f:
+            text = f.read()
+    except OSError as e:
+        fail(f"cannot read the plug-in's state: {e}")
+    match = re.search(r"<" + re.escape(args.uri + "#bank") + r'>\s+"([A-Za-z0-9+/=]+)"', text)
+    if not match:
+        fail(f"{state} holds no bank")
+    data = base64.b64decode(match.group(1))
+    with open(args.out, "wb") as f:
+        f.write(data)
+    ports = {p.get("symbol"): p.get("value") for p in lv2.findall("Port")}
+    print(f"  session: bank of {len(data)} bytes in {os.path.relpath(state, os.path.dirname(args.session))}, "
+          "port values " + ", ".join(f"{k}={v}" for k, v in ports.items()))
+
+
 def decode_bank(data):
     """Returns (current preset, [(name, [six values])]) from a chunk in this machine's byte order."""
     version, unique = struct.unpack_from("=Ii", data, 0)
@@ -323,6 +354,12 @@ def main():
     p.add_argument("chunk")
     p.add_argument("--unique-id", required=True)
     p.set_defaults(run=put_chunk)
+
+    p = commands.add_parser("lv2-state-bank", help="extract the LV2 edition's bank from a session")
+    p.add_argument("session")
+    p.add_argument("out")
+    p.add_argument("--uri", required=True)
+    p.set_defaults(run=lv2_state_bank)
 
     p = commands.add_parser("check-chunk", help="decode a chunk and check its bank")
     p.add_argument("chunk")

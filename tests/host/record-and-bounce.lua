@@ -3,7 +3,7 @@
 -- records a pink-noise take from the Dummy backend, plays it through the plug-in in real time onto a second
 -- track, bounces it offline through the plug-in and saves the session.
 --
--- arg[1] session folder (must not exist), arg[2] the plug-in's unique id (decimal), arg[3] seconds to
+-- arg[1] session folder (must not exist), arg[2] the plug-in's unique id (decimal, or an LV2 URI), arg[3] seconds to
 -- record, arg[4..] NAME=VALUE parameters.
 -- Lines starting with "PROOF" are read by ardour-proof.sh; any failure raises a Lua error (exit code 1).
 
@@ -26,11 +26,13 @@ assert(AudioEngine:set_backend("None (Dummy)", "", ""), "Ardour's Dummy audio ba
 assert(AudioEngine:set_device_name("Pink Noise") == 0, "the Dummy backend has no pink-noise input")
 assert(create_session(session_dir, "proof", rate), "cannot create the session")
 
+-- A VST 2.4 plug-in is found by its decimal id, an LV2 plug-in by its URI.
 local found = nil
 for info in ARDOUR.LuaAPI.list_plugins():iter() do
-	if info.type == ARDOUR.PluginType.LXVST and info.unique_id == unique_id then found = info end
+	if (info.type == ARDOUR.PluginType.LXVST or info.type == ARDOUR.PluginType.LV2)
+		and info.unique_id == unique_id then found = info end
 end
-assert(found, "Ardour's plug-in list has no VST with id " .. unique_id)
+assert(found, "Ardour's plug-in list has no VST or LV2 plug-in with id " .. unique_id)
 print(string.format("PROOF listed name=%s creator=%s path=%s", found.name, found.creator, found.path))
 
 -- Ardour connects a new track's inputs in a thread of its own, at a time of its choosing; the proof
@@ -50,7 +52,7 @@ local physical = C.StringVector()
 AudioEngine:get_physical_inputs(ARDOUR.DataType("audio"), physical, 0, 0)
 assert(physical:size() >= 2, "the Dummy backend offers no stereo input")
 patch(track:input(), {physical:at(0), physical:at(1)})
-local proc = ARDOUR.LuaAPI.new_plugin(Session, unique_id, ARDOUR.PluginType.LXVST, "")
+local proc = ARDOUR.LuaAPI.new_plugin(Session, unique_id, found.type, "")
 assert(not proc:isnil(), "Ardour cannot instantiate the plug-in")
 assert(track:add_processor_by_index(proc, 0, nil, true) == 0, "cannot insert the plug-in on the track")
 
@@ -60,12 +62,20 @@ print(string.format("PROOF instance name=%s maker=%s parameters=%d inputs=%d out
 	plugin:name(), plugin:maker(), plugin:parameter_count(), insert:natural_input_streams():n_audio(),
 	insert:natural_output_streams():n_audio(), insert:signal_latency()))
 
-local index_of = {}
-for i = 0, plugin:parameter_count() - 1 do
-	local _, d = plugin:get_parameter_descriptor(i, ARDOUR.ParameterDescriptor())
-	print(string.format("PROOF parameter %d %s range=%g..%g default=%g", i, plugin:parameter_label(i),
-		d[2].lower, d[2].upper, d[2].normal))
-	index_of[plugin:parameter_label(i)] = i
+-- Ardour sets and reads parameters by their number among the control ports (all of a VST 2.4 plug-in's
+-- parameters; an LV2 plug-in also has audio and event ports): inputs[n] is the port of control n.
+local index_of, inputs, controls = {}, {}, 0
+for port = 0, plugin:parameter_count() - 1 do
+	if plugin:parameter_is_control(port) then
+		if plugin:parameter_is_input(port) then
+			local _, d = plugin:get_parameter_descriptor(port, ARDOUR.ParameterDescriptor())
+			print(string.format("PROOF parameter %d %s range=%g..%g default=%g", controls,
+				plugin:parameter_label(port), d[2].lower, d[2].upper, d[2].normal))
+			index_of[plugin:parameter_label(port)] = controls
+			inputs[#inputs + 1] = {controls, port}
+		end
+		controls = controls + 1
+	end
 end
 
 for a = 4, #arg do
@@ -74,9 +84,9 @@ for a = 4, #arg do
 	assert(i, "the plug-in has no parameter " .. tostring(name))
 	assert(ARDOUR.LuaAPI.set_processor_param(proc, i, tonumber(value)), "Ardour refused " .. arg[a])
 end
-for i = 0, plugin:parameter_count() - 1 do
-	print(string.format("PROOF set %d %s %.9g", i, plugin:parameter_label(i),
-		ARDOUR.LuaAPI.get_processor_param(proc, i)))
+for _, input in ipairs(inputs) do
+	print(string.format("PROOF set %d %s %.9g", input[1], plugin:parameter_label(input[2]),
+		ARDOUR.LuaAPI.get_processor_param(proc, input[1])))
 end
 
 -- Record: the take is what reaches the plug-in (captured before it), so it is the reference input.

@@ -2,7 +2,7 @@
 -- plug-in its chunk back), reports the parameter values Ardour finds, bounces the take through the
 -- reopened plug-in and saves the session again as a new snapshot.
 --
--- arg[1] session folder, arg[2] the plug-in's unique id (decimal), arg[3] name of the bounce and the
+-- arg[1] session folder, arg[2] the plug-in's unique id (decimal, or an LV2 URI), arg[3] name of the bounce and the
 -- snapshot.
 -- Lines starting with "PROOF" are read by ardour-proof.sh; any failure raises a Lua error (exit code 1).
 
@@ -19,9 +19,16 @@ assert(not proc:isnil(), "the reopened track has no plug-in")
 local plugin = proc:to_insert():plugin(0)
 assert(plugin:unique_id() == unique_id, "the track's first plug-in is " .. plugin:name())
 assert(proc:active(), "Ardour reopened the plug-in switched off")
-for i = 0, plugin:parameter_count() - 1 do
-	print(string.format("PROOF reopened %d %s %.9g", i, plugin:parameter_label(i),
-		ARDOUR.LuaAPI.get_processor_param(proc, i)))
+-- Numbered among the control ports, as Ardour numbers parameters; only the inputs are reported.
+local control = 0
+for port = 0, plugin:parameter_count() - 1 do
+	if plugin:parameter_is_control(port) then
+		if plugin:parameter_is_input(port) then
+			print(string.format("PROOF reopened %d %s %.9g", control, plugin:parameter_label(port),
+				ARDOUR.LuaAPI.get_processor_param(proc, control)))
+		end
+		control = control + 1
+	end
 end
 
 local regions = {}

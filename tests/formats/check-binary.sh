@@ -1,0 +1,14 @@
+#!/bin/bash
+# The LV2 module shows the world only the LV2 entry points, and holds one copy of the window layer: the
+# editor's, in its private namespace, none of the framework's own.
+# Usage: check-binary.sh PATH/Spatara.lv2/Spatara.so
+set -euo pipefail
+module="$1"
+exported="$(nm -D --defined-only "$module" | awk '{print $3}' | sort | xargs)"
+echo "exported: $exported"
+[ "$exported" = "lv2_descriptor lv2_generate_ttl lv2ui_descriptor" ] || { echo "FAIL: unexpected exports"; exit 1; }
+ours="$(nm -C "$module" | grep -c ' SpataraDGL::' || true)"
+theirs="$(nm -C "$module" | grep -c ' DGL::' || true)"
+echo "window layer symbols: $ours in SpataraDGL, $theirs in the framework's DGL"
+[ "$ours" -gt 0 ] || { echo "FAIL: the editor's window layer is missing"; exit 1; }
+[ "$theirs" -eq 0 ] || { echo "FAIL: a second copy of the window layer is compiled in"; exit 1; }
