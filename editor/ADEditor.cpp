@@ -2,6 +2,8 @@
 
 #include "AudioEffect.h"
 
+#include "BitmapIds.h"
+
 #include "CAbout.h"
 #include "CBitmap.h"
 #include "CClickButton.h"
@@ -46,6 +48,11 @@ constexpr double kMainPanelHeight = 214.0;
 constexpr int kMeterSegments = 182;
 constexpr int kModeStates = 3;
 
+// The displays' styles: plain text on the background. The captions at the left have always carried the
+// direction bit, which a display does not read: they draw exactly as the values do.
+constexpr int32_t kValueStyle = 0;
+constexpr int32_t kCaptionStyle = kVertical;
+
 float modeButtonValue(float mode)
 {
     if (mode < 0.25f) return 0.0f;
@@ -55,7 +62,7 @@ float modeButtonValue(float mode)
 
 ADEditor::ADEditor(AudioEffect* effect, RealValueReader realValue, MeterReader stereoMeter)
     : CPresetSystemEditor(effect), realValue(std::move(realValue)), stereoMeter(std::move(stereoMeter)),
-      background(new CBitmap(128))
+      background(new CBitmap(kBackgroundBitmap))
 {
     // 302 x 250 rather than the classic 302 x 214, on purpose: the preset strip at the foot needs the rows.
     setRectFromBitmap(background);
@@ -87,15 +94,15 @@ bool ADEditor::open(void* parent)
     // Whatever was reported before now is read below anyway.
     pendingChanges.store(0, std::memory_order_relaxed);
 
-    auto* handle = new CBitmap(134);
-    // 133 is loaded and let go again without a use, on purpose: the panel has always done so.
-    auto* unused = new CBitmap(133);
-    auto* meterOff = new CBitmap(136);
-    auto* meterOn = new CBitmap(135);
-    auto* processImage = new CBitmap(137);
-    auto* phaseImage = new CBitmap(138);
-    auto* modeImage = new CBitmap(139);
-    auto* aboutImage = new CBitmap(140);
+    auto* handle = new CBitmap(kSliderHandleBitmap);
+    // Loaded and let go again without a use, on purpose: the panel has always done so.
+    auto* unused = new CBitmap(kUnusedHandleBitmap);
+    auto* meterOff = new CBitmap(kMeterOffBitmap);
+    auto* meterOn = new CBitmap(kMeterOnBitmap);
+    auto* processImage = new CBitmap(kProcessButtonBitmap);
+    auto* phaseImage = new CBitmap(kPhaseButtonBitmap);
+    auto* modeImage = new CBitmap(kModeButtonBitmap);
+    auto* aboutImage = new CBitmap(kAboutScreenBitmap);
 
     ERect* editorRect = nullptr;
     getRect(&editorRect);
@@ -105,7 +112,7 @@ bool ADEditor::open(void* parent)
                     parent, this);
     frame = myFrame;
     myFrame->setBackground(background);
-    setKnobMode(2); // linear: a slider follows the mouse along its own axis
+    setKnobMode(kLinearMode);
 
     // ---- the balance meter between "S" (anti-phase) and "M" (mono)
     meter = new CVuMeter1(CRect(60, 25, 60 + meterOff->getWidth(), 25 + meterOff->getHeight()), meterOn,
@@ -139,11 +146,11 @@ bool ADEditor::open(void* parent)
     };
     auto slider = [&](int32_t tag, double top, float value, float defaultValue)
     {
-        // Style 16 is kSliderTop in the slider's own numbering: it leaves a horizontal slider running from
-        // the minimum at the left to the maximum at the right.
+        // kSliderTop leaves a horizontal slider running from the minimum at the left to the maximum at the
+        // right.
         auto* view = new CHorizontalSlider(CRect(63, top, 239, top + handle->getHeight()), this, tag, 63,
                                            static_cast<int32_t>(239 - handle->getWidth()), handle, background,
-                                           CPoint(63, top), 16);
+                                           CPoint(63, top), CHorizontalSlider::kSliderTop);
         view->setOffsetHandle(CPoint(0, 0));
         view->setFreeClick(false);
         view->setValue(value);
@@ -154,47 +161,47 @@ bool ADEditor::open(void* parent)
     const double buttonHeight = processImage->getHeight() / 2;
     auto buttonRect = [&](double left) { return CRect(left, 151, left + buttonWidth, 151 + buttonHeight); };
 
-    captionS = caption(CRect(2, 24, 42, 41), 2, CPoint(2, 27), kRightText, kCaptionS);
+    captionS = caption(CRect(2, 24, 42, 41), kCaptionStyle, CPoint(2, 27), kRightText, kCaptionS);
     myFrame->addView(captionS);
-    captionM = caption(CRect(258, 24, 298, 41), 0, CPoint(258, 27), kLeftText, kCaptionM);
+    captionM = caption(CRect(258, 24, 298, 41), kValueStyle, CPoint(258, 27), kLeftText, kCaptionM);
     myFrame->addView(captionM);
 
     // ---- depth
     depthSlider = slider(kDepthTag, 51, normalised(kDepthTag), 0.0f);
     myFrame->addView(depthSlider);
-    depthValue = display(CRect(258, 54, 322, 71), 0, CPoint(258, 59), kLeftText);
+    depthValue = display(CRect(258, 54, 322, 71), kValueStyle, CPoint(258, 59), kLeftText);
     depthValue->setValue(normalised(kDepthTag));
     depthValue->setStringConvert(percentStringConvert);
     myFrame->addView(depthValue);
-    depthCaption = caption(CRect(2, 54, 42, 71), 2, CPoint(2, 59), kRightText, kCaptionDepth);
+    depthCaption = caption(CRect(2, 54, 42, 71), kCaptionStyle, CPoint(2, 59), kRightText, kCaptionDepth);
     myFrame->addView(depthCaption);
 
     // ---- base frequency
     frequencySlider = slider(kFrequencyTag, 83, normalised(kFrequencyTag), 0.5f);
     myFrame->addView(frequencySlider);
-    frequencyValue = display(CRect(258, 86, 322, 103), 0, CPoint(258, 91), kLeftText);
+    frequencyValue = display(CRect(258, 86, 322, 103), kValueStyle, CPoint(258, 91), kLeftText);
     frequencyValue->setMax(20000.0f);
     frequencyValue->setValue(realValue(kFrequencyTag));
     frequencyValue->setStringConvert(frequencyStringConvert);
     myFrame->addView(frequencyValue);
-    frequencyCaption = caption(CRect(2, 86, 42, 103), 2, CPoint(2, 91), kRightText, kCaptionFreq);
+    frequencyCaption = caption(CRect(2, 86, 42, 103), kCaptionStyle, CPoint(2, 91), kRightText, kCaptionFreq);
     myFrame->addView(frequencyCaption);
 
     // ---- width or emphasis
     widthSlider = slider(kWidthTag, 115, normalised(kWidthTag), 0.0f);
     myFrame->addView(widthSlider);
-    widthValue = display(CRect(258, 118, 322, 135), 0, CPoint(258, 123), kLeftText);
+    widthValue = display(CRect(258, 118, 322, 135), kValueStyle, CPoint(258, 123), kLeftText);
     widthValue->setMax(4.0f);
     widthValue->setValue(widthDisplayValue());
     widthValue->setStringConvert(percentStringConvert);
     myFrame->addView(widthValue);
     // 0.67 here, 0.75 when the mode changes later: different on purpose, the same for the three modes.
     const bool emphasis = static_cast<double>(normalised(kModeTag)) >= 0.67;
-    widthCaption = caption(CRect(2, 118, 42, 135), 2, CPoint(2, 123), kRightText,
+    widthCaption = caption(CRect(2, 118, 42, 135), kCaptionStyle, CPoint(2, 123), kRightText,
                            emphasis ? kCaptionEmph : kCaptionWidth);
     myFrame->addView(widthCaption);
 
-    // ---- buttons: all three as wide as 137 and half as high, whatever the sizes of 138 and 139
+    // ---- buttons: all three as wide as the process image and half as high, whatever the sizes of the others
     processButton = new COnOffButton(buttonRect(70), this, kProcessTag, processImage);
     processButton->setValue(normalised(kProcessTag));
     myFrame->addView(processButton);

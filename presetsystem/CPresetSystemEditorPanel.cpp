@@ -2,6 +2,7 @@
 // in step with the program store.
 #include "CPresetSystemEditor.h"
 
+#include "BitmapIds.h"
 #include "CAlertView.h"
 #include "CBitmap.h"
 #include "CFrame.h"
@@ -23,13 +24,13 @@
 
 namespace
 {
-constexpr int32_t kBackgroundBitmap = 128;
 // Pop-up, check mark, and neither text nor background of its own: the menu is a click area beside the
 // name, which shows the current preset.
-constexpr int32_t kPresetMenuStyle = 7680;
+constexpr int32_t kPresetMenuStyle = kPopupStyle | kCheckStyle | kNoTextStyle | kNoDrawStyle;
 constexpr int32_t kNameEditStyle = 0;
 constexpr int kImagesPerButton = 3;
 constexpr int kImagesPerRocker = 5;
+constexpr int32_t kPresetsPerColumn = 16;
 const CColor kNameBackColor = MakeCColor(189, 207, 218, 255);
 const CColor kNameFontColor = MakeCColor(36, 36, 32, 255);
 const CColor kNameFrameColor = MakeCColor(36, 36, 32, 255);
@@ -92,14 +93,14 @@ void CPresetSystemEditor::createPresetPanel()
     presetMenu = new COptionMenu(CRect(207, 222, 217, 236), this, kPresetListTag, background, nullptr,
                                  kPresetMenuStyle);
     presetMenu->setBackOffset(CPoint(207, 222));
-    presetMenu->setNbItemsPerColumn(16);
+    presetMenu->setNbItemsPerColumn(kPresetsPerColumn);
     for (int i = 0; i < kProgramCount; ++i)
         presetMenu->addEntry(storedName(fx->preset(i).name).c_str());
     presetMenu->setCurrent(static_cast<int32_t>(fx->getPresetNo()));
     addTo(frame, presetMenu);
     background->forget();
 
-    auto* rockerBitmap = new CBitmap(19997);
+    auto* rockerBitmap = new CBitmap(kStepRockerBitmap);
     stepRocker = addTo(frame, new CPSRockerSwitch(CRect(219, 222, 250, 236), this, kStepTag,
                                                   imageHeight(rockerBitmap, kImagesPerRocker), rockerBitmap,
                                                   CPoint(0, 0), kHorizontal));
@@ -121,18 +122,17 @@ void CPresetSystemEditor::createPresetPanel()
         return button;
     };
     // Save buttons at the left, load buttons at the right; presets above, banks below.
-    fileButton(CRect(71, 230, 83, 244), kLoadBankTag, 19993);
-    fileButton(CRect(8, 230, 20, 244), kSaveBankTag, 19994);
-    kickButton(CRect(26, 232, 63, 242), kDefaultBankTag, 19990, true);
-    fileButton(CRect(71, 215, 83, 229), kLoadPresetTag, 19998);
-    fileButton(CRect(8, 215, 20, 229), kSavePresetTag, 19999);
-    // 19899, not 1999x: the default-preset image has always had this number.
-    kickButton(CRect(22, 217, 69, 227), kDefaultPresetTag, 19899, true);
-    kickButton(CRect(279, 215, 291, 229), kRecallATag, 19991, false);
-    kickButton(CRect(254, 215, 266, 229), kStoreATag, 19995, false);
-    kickButton(CRect(279, 230, 291, 244), kRecallBTag, 19992, false);
-    kickButton(CRect(254, 230, 266, 244), kStoreBTag, 19996, false);
-    manualButton = kickButton(CRect(262, 187, 278, 201), kManualTag, 989, false);
+    fileButton(CRect(71, 230, 83, 244), kLoadBankTag, kLoadBankButtonBitmap);
+    fileButton(CRect(8, 230, 20, 244), kSaveBankTag, kSaveBankButtonBitmap);
+    kickButton(CRect(26, 232, 63, 242), kDefaultBankTag, kDefaultBankButtonBitmap, true);
+    fileButton(CRect(71, 215, 83, 229), kLoadPresetTag, kLoadPresetButtonBitmap);
+    fileButton(CRect(8, 215, 20, 229), kSavePresetTag, kSavePresetButtonBitmap);
+    kickButton(CRect(22, 217, 69, 227), kDefaultPresetTag, kDefaultPresetButtonBitmap, true);
+    kickButton(CRect(279, 215, 291, 229), kRecallATag, kRecallAButtonBitmap, false);
+    kickButton(CRect(254, 215, 266, 229), kStoreATag, kStoreAButtonBitmap, false);
+    kickButton(CRect(279, 230, 291, 244), kRecallBTag, kRecallBButtonBitmap, false);
+    kickButton(CRect(254, 230, 266, 244), kStoreBTag, kStoreBButtonBitmap, false);
+    manualButton = kickButton(CRect(262, 187, 278, 201), kManualTag, kManualButtonBitmap, false);
 }
 
 void CPresetSystemEditor::valueChanged(CControl* control)

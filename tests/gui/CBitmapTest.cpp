@@ -1,4 +1,5 @@
 #include "CBitmap.h"
+#include "BitmapIds.h"
 #include "EmbeddedResource.h"
 #include "TestSurface.h"
 
@@ -12,6 +13,18 @@ TEST(CBitmap, BackgroundResourceIsEmbeddedWithItsSize)
     EXPECT_EQ(bitmap->getHeight(), 250);
     EXPECT_EQ(bitmap->getResourceNumber(), 128);
     bitmap->forget();
+}
+
+TEST(CBitmap, EveryNamedBitmapIsEmbedded)
+{
+    for (const int32_t id :
+         {kBackgroundBitmap,      kUnusedHandleBitmap,  kSliderHandleBitmap,        kMeterOnBitmap,
+          kMeterOffBitmap,        kProcessButtonBitmap, kPhaseButtonBitmap,         kModeButtonBitmap,
+          kAboutScreenBitmap,     kManualButtonBitmap,  kDefaultPresetButtonBitmap, kDefaultBankButtonBitmap,
+          kRecallAButtonBitmap,   kRecallBButtonBitmap, kLoadBankButtonBitmap,      kSaveBankButtonBitmap,
+          kStoreAButtonBitmap,    kStoreBButtonBitmap,  kStepRockerBitmap,          kLoadPresetButtonBitmap,
+          kSavePresetButtonBitmap})
+        EXPECT_NE(findEmbeddedResource(id), nullptr) << id;
 }
 
 TEST(CBitmap, MissingResourceHasZeroSizeAndDrawsNothing)
