@@ -62,16 +62,13 @@ float modeButtonValue(float mode)
 
 ADEditor::ADEditor(AudioEffect* effect, RealValueReader realValue, MeterReader stereoMeter)
     : CPresetSystemEditor(effect), realValue(std::move(realValue)), stereoMeter(std::move(stereoMeter)),
-      background(new CBitmap(kBackgroundBitmap))
+      background(owned(new CBitmap(kBackgroundBitmap)))
 {
     // 302 x 250 rather than the classic 302 x 214, on purpose: the preset strip at the foot needs the rows.
-    setRectFromBitmap(background);
+    setRectFromBitmap(background.get());
 }
 
-ADEditor::~ADEditor()
-{
-    if (background) background->forget();
-}
+ADEditor::~ADEditor() = default;
 
 float ADEditor::normalised(VstInt32 index) const
 {
@@ -94,15 +91,16 @@ bool ADEditor::open(void* parent)
     // Whatever was reported before now is read below anyway.
     pendingChanges.store(0, std::memory_order_relaxed);
 
-    auto* handle = new CBitmap(kSliderHandleBitmap);
+    // The controls take their own references; these go when open() returns.
+    const auto handle = owned(new CBitmap(kSliderHandleBitmap));
     // Loaded and let go again without a use, on purpose: the panel has always done so.
-    auto* unused = new CBitmap(kUnusedHandleBitmap);
-    auto* meterOff = new CBitmap(kMeterOffBitmap);
-    auto* meterOn = new CBitmap(kMeterOnBitmap);
-    auto* processImage = new CBitmap(kProcessButtonBitmap);
-    auto* phaseImage = new CBitmap(kPhaseButtonBitmap);
-    auto* modeImage = new CBitmap(kModeButtonBitmap);
-    auto* aboutImage = new CBitmap(kAboutScreenBitmap);
+    const auto unused = owned(new CBitmap(kUnusedHandleBitmap));
+    const auto meterOff = owned(new CBitmap(kMeterOffBitmap));
+    const auto meterOn = owned(new CBitmap(kMeterOnBitmap));
+    const auto processImage = owned(new CBitmap(kProcessButtonBitmap));
+    const auto phaseImage = owned(new CBitmap(kPhaseButtonBitmap));
+    const auto modeImage = owned(new CBitmap(kModeButtonBitmap));
+    const auto aboutImage = owned(new CBitmap(kAboutScreenBitmap));
 
     ERect* editorRect = nullptr;
     getRect(&editorRect);
@@ -111,12 +109,12 @@ bool ADEditor::open(void* parent)
                           editorRect->top + background->getHeight()),
                     parent, this);
     frame = myFrame;
-    myFrame->setBackground(background);
+    myFrame->setBackground(background.get());
     setKnobMode(kLinearMode);
 
     // ---- the balance meter between "S" (anti-phase) and "M" (mono)
-    meter = new CVuMeter1(CRect(60, 25, 60 + meterOff->getWidth(), 25 + meterOff->getHeight()), meterOn,
-                          meterOff, kMeterSegments, kHorizontal);
+    meter = new CVuMeter1(CRect(60, 25, 60 + meterOff->getWidth(), 25 + meterOff->getHeight()), meterOn.get(),
+                          meterOff.get(), kMeterSegments, kHorizontal);
     meter->setDecreaseStepValue(0.5f);
     meter->setDefaultValue(1.0f);
     meter->setMax(1.0f);
@@ -128,7 +126,7 @@ bool ADEditor::open(void* parent)
     // texts sit where the panel was drawn for them.
     auto display = [&](const CRect& size, int32_t style, const CPoint& backOffset, CHoriTxtAlign align)
     {
-        auto* view = new CParamDisplay(size, background, style);
+        auto* view = new CParamDisplay(size, background.get(), style);
         view->setBackOffset(backOffset);
         view->setHoriAlign(align);
         view->setFont(kNormalFontSmall);
@@ -149,8 +147,8 @@ bool ADEditor::open(void* parent)
         // kSliderTop leaves a horizontal slider running from the minimum at the left to the maximum at the
         // right.
         auto* view = new CHorizontalSlider(CRect(63, top, 239, top + handle->getHeight()), this, tag, 63,
-                                           static_cast<int32_t>(239 - handle->getWidth()), handle, background,
-                                           CPoint(63, top), CHorizontalSlider::kSliderTop);
+                                           static_cast<int32_t>(239 - handle->getWidth()), handle.get(),
+                                           background.get(), CPoint(63, top), CHorizontalSlider::kSliderTop);
         view->setOffsetHandle(CPoint(0, 0));
         view->setFreeClick(false);
         view->setValue(value);
@@ -202,13 +200,13 @@ bool ADEditor::open(void* parent)
     myFrame->addView(widthCaption);
 
     // ---- buttons: all three as wide as the process image and half as high, whatever the sizes of the others
-    processButton = new COnOffButton(buttonRect(70), this, kProcessTag, processImage);
+    processButton = new COnOffButton(buttonRect(70), this, kProcessTag, processImage.get());
     processButton->setValue(normalised(kProcessTag));
     myFrame->addView(processButton);
-    phaseButton = new COnOffButton(buttonRect(190), this, kPhaseTag, phaseImage);
+    phaseButton = new COnOffButton(buttonRect(190), this, kPhaseTag, phaseImage.get());
     phaseButton->setValue(normalised(kPhaseTag));
     myFrame->addView(phaseButton);
-    modeButton = new CClickButton(buttonRect(130), this, kModeTag, modeImage, kModeStates);
+    modeButton = new CClickButton(buttonRect(130), this, kModeTag, modeImage.get(), kModeStates);
     modeButton->setMax(2.0f);
     modeButton->setValue(modeButtonValue(normalised(kModeTag)));
     myFrame->addView(modeButton);
@@ -217,14 +215,10 @@ bool ADEditor::open(void* parent)
     const double aboutLeft = static_cast<int>((kMainPanelWidth - aboutImage->getWidth()) / 2);
     const double aboutTop = static_cast<int>((kMainPanelHeight - aboutImage->getHeight()) / 2);
     about = new CAbout(
-        CRect(70, 184, 225, 204), this, kAboutTag, aboutImage,
+        CRect(70, 184, 225, 204), this, kAboutTag, aboutImage.get(),
         CRect(aboutLeft, aboutTop, aboutLeft + aboutImage->getWidth(), aboutTop + aboutImage->getHeight()),
         CPoint(0, 0), CPoint(0, 12));
     myFrame->addView(about);
-
-    for (CBitmap* bitmap :
-         {handle, unused, meterOff, meterOn, processImage, phaseImage, modeImage, aboutImage})
-        bitmap->forget();
 
     // The preset panel goes on top of this editor's controls.
     CPresetSystemEditor::open(parent);

@@ -4,6 +4,7 @@
 #include "CNewFileSelector.h"
 #include "CPresetSystemEffect.h"
 #include "ParamConversion.h"
+#include "SharedPointer.h"
 #include "XPlatFile.h"
 
 #include <cstring>
@@ -68,8 +69,8 @@ bool splitChosenPath(const std::string& path, char* name, char* directory, std::
 std::optional<std::string> CPresetSystemEditor::runFileDialog(const FileChoice& choice)
 {
     if (!frame) return std::nullopt;
-    CNewFileSelector* selector = CNewFileSelector::create(
-        frame, choice.save ? CNewFileSelector::kSelectSaveFile : CNewFileSelector::kSelectFile);
+    const auto selector = owned(CNewFileSelector::create(
+        frame, choice.save ? CNewFileSelector::kSelectSaveFile : CNewFileSelector::kSelectFile));
     selector->setTitle(choice.title.c_str());
     selector->setInitialDirectory(choice.directory.c_str());
     if (choice.save) selector->setDefaultSaveName(choice.defaultName.c_str());
@@ -88,7 +89,6 @@ std::optional<std::string> CPresetSystemEditor::runFileDialog(const FileChoice& 
         };
         if (::lstat(chosen->c_str(), &existing) == 0) chosen = selector->confirmReplacing(*chosen);
     }
-    selector->forget();
     return chosen;
 }
 

@@ -14,6 +14,7 @@
 #include "CSaveLoadButton.h"
 #include "CZEVTextEdit.h"
 #include "ManualDocument.h"
+#include "SharedPointer.h"
 #include "Utf8Text.h"
 #include "XPlatAlert.h"
 #include "XPlatAlertScope.h"
@@ -73,7 +74,7 @@ void CPresetSystemEditor::close()
 void CPresetSystemEditor::createPresetPanel()
 {
     CPresetSystemEffect* fx = presetEffect();
-    auto* background = new CBitmap(kBackgroundBitmap);
+    const auto background = owned(new CBitmap(kBackgroundBitmap));
 
     // The name, centred on its line whatever the font's height.
     const double fontHeight = kNormalFontSmall->getSize();
@@ -81,7 +82,7 @@ void CPresetSystemEditor::createPresetPanel()
     const CRect nameRect(91, middle - fontHeight / 2.0 - 2.0, 201, middle + fontHeight / 2.0 + 2.0);
     nameEdit =
         new CZEVTextEdit(nameRect, this, kNameTag, storedName(fx->preset(fx->getPresetNo()).name).c_str(),
-                         background, kNameEditStyle, false);
+                         background.get(), kNameEditStyle, false);
     nameEdit->setBackOffset(CPoint(nameRect.left, nameRect.top));
     nameEdit->setBackColor(kNameBackColor);
     nameEdit->setFont(kNormalFontSmall);
@@ -90,7 +91,7 @@ void CPresetSystemEditor::createPresetPanel()
     nameEdit->setHoriAlign(kCenterText);
     addTo(frame, nameEdit);
 
-    presetMenu = new COptionMenu(CRect(207, 222, 217, 236), this, kPresetListTag, background, nullptr,
+    presetMenu = new COptionMenu(CRect(207, 222, 217, 236), this, kPresetListTag, background.get(), nullptr,
                                  kPresetMenuStyle);
     presetMenu->setBackOffset(CPoint(207, 222));
     presetMenu->setNbItemsPerColumn(kPresetsPerColumn);
@@ -98,28 +99,23 @@ void CPresetSystemEditor::createPresetPanel()
         presetMenu->addEntry(storedName(fx->preset(i).name).c_str());
     presetMenu->setCurrent(static_cast<int32_t>(fx->getPresetNo()));
     addTo(frame, presetMenu);
-    background->forget();
 
-    auto* rockerBitmap = new CBitmap(kStepRockerBitmap);
+    const auto rockerBitmap = owned(new CBitmap(kStepRockerBitmap));
     stepRocker = addTo(frame, new CPSRockerSwitch(CRect(219, 222, 250, 236), this, kStepTag,
-                                                  imageHeight(rockerBitmap, kImagesPerRocker), rockerBitmap,
-                                                  CPoint(0, 0), kHorizontal));
-    rockerBitmap->forget();
+                                                  imageHeight(rockerBitmap.get(), kImagesPerRocker),
+                                                  rockerBitmap.get(), CPoint(0, 0), kHorizontal));
 
     const auto fileButton = [this](const CRect& rect, int32_t tag, int32_t bitmapId)
     {
-        auto* bitmap = new CBitmap(bitmapId);
-        frame->addView(new CSaveLoadButton(rect, this, tag, imageHeight(bitmap, kImagesPerButton), bitmap,
-                                           CPoint(0, 0)));
-        bitmap->forget();
+        const auto bitmap = owned(new CBitmap(bitmapId));
+        frame->addView(new CSaveLoadButton(rect, this, tag, imageHeight(bitmap.get(), kImagesPerButton),
+                                           bitmap.get(), CPoint(0, 0)));
     };
     const auto kickButton = [this](const CRect& rect, int32_t tag, int32_t bitmapId, bool doubleClickOnly)
     {
-        auto* bitmap = new CBitmap(bitmapId);
-        auto* button = addTo(frame, new CPSKickButton(rect, this, tag, imageHeight(bitmap, kImagesPerButton),
-                                                      bitmap, CPoint(0, 0), doubleClickOnly));
-        bitmap->forget();
-        return button;
+        const auto bitmap = owned(new CBitmap(bitmapId));
+        return addTo(frame, new CPSKickButton(rect, this, tag, imageHeight(bitmap.get(), kImagesPerButton),
+                                              bitmap.get(), CPoint(0, 0), doubleClickOnly));
     };
     // Save buttons at the left, load buttons at the right; presets above, banks below.
     fileButton(CRect(71, 230, 83, 244), kLoadBankTag, kLoadBankButtonBitmap);
