@@ -139,7 +139,7 @@ bool ADEditor::open(void* parent)
         CParamDisplay* view = display(size, style, backOffset, align);
         view->setMax(10.0f);
         view->setValue(number);
-        view->setStringConvert(parameterNameStringConvert);
+        view->setStringConvert(spatara::parameterNameStringConvert);
         return view;
     };
     auto slider = [&](int32_t tag, double top, float value, float defaultValue)
@@ -169,7 +169,7 @@ bool ADEditor::open(void* parent)
     myFrame->addView(depthSlider);
     depthValue = display(CRect(258, 54, 322, 71), kValueStyle, CPoint(258, 59), kLeftText);
     depthValue->setValue(normalised(kDepthTag));
-    depthValue->setStringConvert(percentStringConvert);
+    depthValue->setStringConvert(spatara::percentStringConvert);
     myFrame->addView(depthValue);
     depthCaption = caption(CRect(2, 54, 42, 71), kCaptionStyle, CPoint(2, 59), kRightText, kCaptionDepth);
     myFrame->addView(depthCaption);
@@ -180,7 +180,7 @@ bool ADEditor::open(void* parent)
     frequencyValue = display(CRect(258, 86, 322, 103), kValueStyle, CPoint(258, 91), kLeftText);
     frequencyValue->setMax(20000.0f);
     frequencyValue->setValue(realValue(kFrequencyTag));
-    frequencyValue->setStringConvert(frequencyStringConvert);
+    frequencyValue->setStringConvert(spatara::frequencyStringConvert);
     myFrame->addView(frequencyValue);
     frequencyCaption = caption(CRect(2, 86, 42, 103), kCaptionStyle, CPoint(2, 91), kRightText, kCaptionFreq);
     myFrame->addView(frequencyCaption);
@@ -191,7 +191,7 @@ bool ADEditor::open(void* parent)
     widthValue = display(CRect(258, 118, 322, 135), kValueStyle, CPoint(258, 123), kLeftText);
     widthValue->setMax(4.0f);
     widthValue->setValue(widthDisplayValue());
-    widthValue->setStringConvert(percentStringConvert);
+    widthValue->setStringConvert(spatara::percentStringConvert);
     myFrame->addView(widthValue);
     // 0.67 here, 0.75 when the mode changes later: different on purpose, the same for the three modes.
     const bool emphasis = static_cast<double>(normalised(kModeTag)) >= 0.67;

@@ -153,7 +153,7 @@ bool CPresetSystemEditor::isOwnImage(const std::vector<char>& image) const
     std::int32_t id;
     std::memcpy(&id, image.data(), sizeof(id));
     std::int32_t reversed = presetEffect()->getUniqueID();
-    mySwapBytes(&reversed);
+    spatara::mySwapBytes(&reversed);
     return id == presetEffect()->getUniqueID() || id == reversed;
 }
 
@@ -183,7 +183,7 @@ bool CPresetSystemEditor::applyImage(const std::vector<char>& image, bool endian
         if (image.size() < sizeof(newpresetheader))
             return false; // a head without the rest of its header: nothing usable
         std::memcpy(&header, image.data(), sizeof(header));
-        if (swap) byteSwapHeader(&header);
+        if (swap) spatara::byteSwapHeader(&header);
         // What the header announces, but never more than the image holds.
         const std::size_t available = image.size() - sizeof(newpresetheader);
         const std::size_t announced = header.dataSize > 0 ? static_cast<std::size_t>(header.dataSize) : 0;

@@ -39,7 +39,7 @@ const CColor kNameFrameColor = MakeCColor(36, 36, 32, 255);
 // A program name as the store keeps it: at most 23 bytes, cut before a character that would not fit.
 std::string storedName(const char* text)
 {
-    return std::string(text ? text : "", utf8CutLength(text, kPresetNameSize - 1));
+    return std::string(text ? text : "", spatara::utf8CutLength(text, kPresetNameSize - 1));
 }
 
 // Adds view to frame and answers it; the frame takes over our reference.
@@ -241,7 +241,7 @@ void CPresetSystemEditor::openManualDocument()
     std::optional<XPlatAlertScope> inThisWindow;
     if (frame && frame->getPlatformWindow())
         inThisWindow.emplace([this](const char* message) { CAlertView::showModal(frame, message); });
-    if (!openManual()) XPlatDisplayAlert(manualAlertText().c_str());
+    if (!spatara::openManual()) XPlatDisplayAlert(spatara::manualAlertText().c_str());
     // The viewer (or the alert) took the pointer away without the button seeing it leave.
     if (manualButton)
     {

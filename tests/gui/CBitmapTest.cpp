@@ -24,12 +24,12 @@ TEST(CBitmap, EveryNamedBitmapIsEmbedded)
           kRecallAButtonBitmap,   kRecallBButtonBitmap, kLoadBankButtonBitmap,      kSaveBankButtonBitmap,
           kStoreAButtonBitmap,    kStoreBButtonBitmap,  kStepRockerBitmap,          kLoadPresetButtonBitmap,
           kSavePresetButtonBitmap})
-        EXPECT_NE(findEmbeddedResource(id), nullptr) << id;
+        EXPECT_NE(spatara::findEmbeddedResource(id), nullptr) << id;
 }
 
 TEST(CBitmap, MissingResourceHasZeroSizeAndDrawsNothing)
 {
-    EXPECT_EQ(findEmbeddedResource(4711), nullptr);
+    EXPECT_EQ(spatara::findEmbeddedResource(4711), nullptr);
     auto* bitmap = new CBitmap(4711);
     EXPECT_FALSE(bitmap->isLoaded());
     EXPECT_EQ(bitmap->getWidth(), 0);
