@@ -155,6 +155,19 @@ bool ADEditor::open(void* parent)
         view->setDefaultValue(defaultValue);
         return view;
     };
+    // A slider's value at the right and its caption at the left stand 3 pixels below the slider's top.
+    auto rowValue = [&](double sliderTop, CParamDisplay::StringConvert convert)
+    {
+        CParamDisplay* view = display(CRect(258, sliderTop + 3, 322, sliderTop + 20), kValueStyle,
+                                      CPoint(258, sliderTop + 8), kLeftText);
+        view->setStringConvert(convert);
+        return view;
+    };
+    auto rowCaption = [&](double sliderTop, float number)
+    {
+        return caption(CRect(2, sliderTop + 3, 42, sliderTop + 20), kCaptionStyle, CPoint(2, sliderTop + 8),
+                       kRightText, number);
+    };
     const double buttonWidth = processImage->getWidth();
     const double buttonHeight = processImage->getHeight() / 2;
     auto buttonRect = [&](double left) { return CRect(left, 151, left + buttonWidth, 151 + buttonHeight); };
@@ -167,36 +180,32 @@ bool ADEditor::open(void* parent)
     // ---- depth
     depthSlider = slider(kDepthTag, 51, normalised(kDepthTag), 0.0f);
     myFrame->addView(depthSlider);
-    depthValue = display(CRect(258, 54, 322, 71), kValueStyle, CPoint(258, 59), kLeftText);
+    depthValue = rowValue(51, spatara::percentStringConvert);
     depthValue->setValue(normalised(kDepthTag));
-    depthValue->setStringConvert(spatara::percentStringConvert);
     myFrame->addView(depthValue);
-    depthCaption = caption(CRect(2, 54, 42, 71), kCaptionStyle, CPoint(2, 59), kRightText, kCaptionDepth);
+    depthCaption = rowCaption(51, kCaptionDepth);
     myFrame->addView(depthCaption);
 
     // ---- base frequency
     frequencySlider = slider(kFrequencyTag, 83, normalised(kFrequencyTag), 0.5f);
     myFrame->addView(frequencySlider);
-    frequencyValue = display(CRect(258, 86, 322, 103), kValueStyle, CPoint(258, 91), kLeftText);
+    frequencyValue = rowValue(83, spatara::frequencyStringConvert);
     frequencyValue->setMax(20000.0f);
     frequencyValue->setValue(realValue(kFrequencyTag));
-    frequencyValue->setStringConvert(spatara::frequencyStringConvert);
     myFrame->addView(frequencyValue);
-    frequencyCaption = caption(CRect(2, 86, 42, 103), kCaptionStyle, CPoint(2, 91), kRightText, kCaptionFreq);
+    frequencyCaption = rowCaption(83, kCaptionFreq);
     myFrame->addView(frequencyCaption);
 
     // ---- width or emphasis
     widthSlider = slider(kWidthTag, 115, normalised(kWidthTag), 0.0f);
     myFrame->addView(widthSlider);
-    widthValue = display(CRect(258, 118, 322, 135), kValueStyle, CPoint(258, 123), kLeftText);
+    widthValue = rowValue(115, spatara::percentStringConvert);
     widthValue->setMax(4.0f);
     widthValue->setValue(widthDisplayValue());
-    widthValue->setStringConvert(spatara::percentStringConvert);
     myFrame->addView(widthValue);
     // 0.67 here, 0.75 when the mode changes later: different on purpose, the same for the three modes.
     const bool emphasis = static_cast<double>(normalised(kModeTag)) >= 0.67;
-    widthCaption = caption(CRect(2, 118, 42, 135), kCaptionStyle, CPoint(2, 123), kRightText,
-                           emphasis ? kCaptionEmph : kCaptionWidth);
+    widthCaption = rowCaption(115, emphasis ? kCaptionEmph : kCaptionWidth);
     myFrame->addView(widthCaption);
 
     // ---- buttons: all three as wide as the process image and half as high, whatever the sizes of the others
