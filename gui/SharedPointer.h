@@ -13,6 +13,7 @@ template <class T> class SharedPointer
         if (object) object->remember();
     }
     SharedPointer(const SharedPointer& other) : SharedPointer(other.object) {}
+    SharedPointer(SharedPointer&& other) noexcept : object(std::exchange(other.object, nullptr)) {}
     // The new reference is taken before the old one is given back, so assigning the same object is safe.
     SharedPointer& operator=(SharedPointer other)
     {

@@ -2,6 +2,7 @@
 #include "CBaseObject.h"
 
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace
 {
@@ -45,6 +46,16 @@ TEST(SharedPointer, SharingAnObjectTakesOneMoreReferenceAndGivesItBack)
     EXPECT_EQ(alive, 1);
     object->forget();
     EXPECT_EQ(alive, 0);
+}
+
+TEST(SharedPointer, MovingHandsTheReferenceOverWithoutCountingIt)
+{
+    int alive = 0;
+    SharedPointer<Counted> pointer = owned(new Counted(alive));
+    const SharedPointer<Counted> moved = std::move(pointer);
+    EXPECT_FALSE(pointer);
+    EXPECT_EQ(moved->getNbReference(), 1);
+    EXPECT_EQ(alive, 1);
 }
 
 TEST(SharedPointer, ReleaseHandsTheReferenceOnWithoutGivingItBack)
