@@ -2,6 +2,8 @@
 
 #include "AudioEffect.h"
 
+#include "BitmapIds.h"
+
 #include "CAbout.h"
 #include "CBitmap.h"
 #include "CClickButton.h"
@@ -46,6 +48,11 @@ constexpr double kMainPanelHeight = 214.0;
 constexpr int kMeterSegments = 182;
 constexpr int kModeStates = 3;
 
+// The displays' styles: plain text on the background. The captions at the left have always carried the
+// direction bit, which a display does not read: they draw exactly as the values do.
+constexpr int32_t kValueStyle = 0;
+constexpr int32_t kCaptionStyle = kVertical;
+
 float modeButtonValue(float mode)
 {
     if (mode < 0.25f) return 0.0f;
@@ -55,16 +62,13 @@ float modeButtonValue(float mode)
 
 ADEditor::ADEditor(AudioEffect* effect, RealValueReader realValue, MeterReader stereoMeter)
     : CPresetSystemEditor(effect), realValue(std::move(realValue)), stereoMeter(std::move(stereoMeter)),
-      background(new CBitmap(128))
+      background(owned(new CBitmap(kBackgroundBitmap)))
 {
     // 302 x 250 rather than the classic 302 x 214, on purpose: the preset strip at the foot needs the rows.
-    setRectFromBitmap(background);
+    setRectFromBitmap(background.get());
 }
 
-ADEditor::~ADEditor()
-{
-    if (background) background->forget();
-}
+ADEditor::~ADEditor() = default;
 
 float ADEditor::normalised(VstInt32 index) const
 {
@@ -87,15 +91,16 @@ bool ADEditor::open(void* parent)
     // Whatever was reported before now is read below anyway.
     pendingChanges.store(0, std::memory_order_relaxed);
 
-    auto* handle = new CBitmap(134);
-    // 133 is loaded and let go again without a use, on purpose: the panel has always done so.
-    auto* unused = new CBitmap(133);
-    auto* meterOff = new CBitmap(136);
-    auto* meterOn = new CBitmap(135);
-    auto* processImage = new CBitmap(137);
-    auto* phaseImage = new CBitmap(138);
-    auto* modeImage = new CBitmap(139);
-    auto* aboutImage = new CBitmap(140);
+    // The controls take their own references; these go when open() returns.
+    const auto handle = owned(new CBitmap(kSliderHandleBitmap));
+    // Loaded and let go again without a use, on purpose: the panel has always done so.
+    const auto unused = owned(new CBitmap(kUnusedHandleBitmap));
+    const auto meterOff = owned(new CBitmap(kMeterOffBitmap));
+    const auto meterOn = owned(new CBitmap(kMeterOnBitmap));
+    const auto processImage = owned(new CBitmap(kProcessButtonBitmap));
+    const auto phaseImage = owned(new CBitmap(kPhaseButtonBitmap));
+    const auto modeImage = owned(new CBitmap(kModeButtonBitmap));
+    const auto aboutImage = owned(new CBitmap(kAboutScreenBitmap));
 
     ERect* editorRect = nullptr;
     getRect(&editorRect);
@@ -104,12 +109,12 @@ bool ADEditor::open(void* parent)
                           editorRect->top + background->getHeight()),
                     parent, this);
     frame = myFrame;
-    myFrame->setBackground(background);
-    setKnobMode(2); // linear: a slider follows the mouse along its own axis
+    myFrame->setBackground(background.get());
+    setKnobMode(kLinearMode);
 
     // ---- the balance meter between "S" (anti-phase) and "M" (mono)
-    meter = new CVuMeter1(CRect(60, 25, 60 + meterOff->getWidth(), 25 + meterOff->getHeight()), meterOn,
-                          meterOff, kMeterSegments, kHorizontal);
+    meter = new CVuMeter1(CRect(60, 25, 60 + meterOff->getWidth(), 25 + meterOff->getHeight()), meterOn.get(),
+                          meterOff.get(), kMeterSegments, kHorizontal);
     meter->setDecreaseStepValue(0.5f);
     meter->setDefaultValue(1.0f);
     meter->setMax(1.0f);
@@ -121,7 +126,7 @@ bool ADEditor::open(void* parent)
     // texts sit where the panel was drawn for them.
     auto display = [&](const CRect& size, int32_t style, const CPoint& backOffset, CHoriTxtAlign align)
     {
-        auto* view = new CParamDisplay(size, background, style);
+        auto* view = new CParamDisplay(size, background.get(), style);
         view->setBackOffset(backOffset);
         view->setHoriAlign(align);
         view->setFont(kNormalFontSmall);
@@ -134,74 +139,83 @@ bool ADEditor::open(void* parent)
         CParamDisplay* view = display(size, style, backOffset, align);
         view->setMax(10.0f);
         view->setValue(number);
-        view->setStringConvert(parameterNameStringConvert);
+        view->setStringConvert(spatara::parameterNameStringConvert);
         return view;
     };
     auto slider = [&](int32_t tag, double top, float value, float defaultValue)
     {
-        // Style 16 is kSliderTop in the slider's own numbering: it leaves a horizontal slider running from
-        // the minimum at the left to the maximum at the right.
+        // kSliderTop leaves a horizontal slider running from the minimum at the left to the maximum at the
+        // right.
         auto* view = new CHorizontalSlider(CRect(63, top, 239, top + handle->getHeight()), this, tag, 63,
-                                           static_cast<int32_t>(239 - handle->getWidth()), handle, background,
-                                           CPoint(63, top), 16);
+                                           static_cast<int32_t>(239 - handle->getWidth()), handle.get(),
+                                           background.get(), CPoint(63, top), CHorizontalSlider::kSliderTop);
         view->setOffsetHandle(CPoint(0, 0));
         view->setFreeClick(false);
         view->setValue(value);
         view->setDefaultValue(defaultValue);
         return view;
     };
+    // A slider's value at the right and its caption at the left stand 3 pixels below the slider's top.
+    auto rowValue = [&](double sliderTop, CParamDisplay::StringConvert convert)
+    {
+        CParamDisplay* view = display(CRect(258, sliderTop + 3, 322, sliderTop + 20), kValueStyle,
+                                      CPoint(258, sliderTop + 8), kLeftText);
+        view->setStringConvert(convert);
+        return view;
+    };
+    auto rowCaption = [&](double sliderTop, float number)
+    {
+        return caption(CRect(2, sliderTop + 3, 42, sliderTop + 20), kCaptionStyle, CPoint(2, sliderTop + 8),
+                       kRightText, number);
+    };
     const double buttonWidth = processImage->getWidth();
     const double buttonHeight = processImage->getHeight() / 2;
     auto buttonRect = [&](double left) { return CRect(left, 151, left + buttonWidth, 151 + buttonHeight); };
 
-    captionS = caption(CRect(2, 24, 42, 41), 2, CPoint(2, 27), kRightText, kCaptionS);
+    captionS = caption(CRect(2, 24, 42, 41), kCaptionStyle, CPoint(2, 27), kRightText, kCaptionS);
     myFrame->addView(captionS);
-    captionM = caption(CRect(258, 24, 298, 41), 0, CPoint(258, 27), kLeftText, kCaptionM);
+    captionM = caption(CRect(258, 24, 298, 41), kValueStyle, CPoint(258, 27), kLeftText, kCaptionM);
     myFrame->addView(captionM);
 
     // ---- depth
     depthSlider = slider(kDepthTag, 51, normalised(kDepthTag), 0.0f);
     myFrame->addView(depthSlider);
-    depthValue = display(CRect(258, 54, 322, 71), 0, CPoint(258, 59), kLeftText);
+    depthValue = rowValue(51, spatara::percentStringConvert);
     depthValue->setValue(normalised(kDepthTag));
-    depthValue->setStringConvert(percentStringConvert);
     myFrame->addView(depthValue);
-    depthCaption = caption(CRect(2, 54, 42, 71), 2, CPoint(2, 59), kRightText, kCaptionDepth);
+    depthCaption = rowCaption(51, kCaptionDepth);
     myFrame->addView(depthCaption);
 
     // ---- base frequency
     frequencySlider = slider(kFrequencyTag, 83, normalised(kFrequencyTag), 0.5f);
     myFrame->addView(frequencySlider);
-    frequencyValue = display(CRect(258, 86, 322, 103), 0, CPoint(258, 91), kLeftText);
+    frequencyValue = rowValue(83, spatara::frequencyStringConvert);
     frequencyValue->setMax(20000.0f);
     frequencyValue->setValue(realValue(kFrequencyTag));
-    frequencyValue->setStringConvert(frequencyStringConvert);
     myFrame->addView(frequencyValue);
-    frequencyCaption = caption(CRect(2, 86, 42, 103), 2, CPoint(2, 91), kRightText, kCaptionFreq);
+    frequencyCaption = rowCaption(83, kCaptionFreq);
     myFrame->addView(frequencyCaption);
 
     // ---- width or emphasis
     widthSlider = slider(kWidthTag, 115, normalised(kWidthTag), 0.0f);
     myFrame->addView(widthSlider);
-    widthValue = display(CRect(258, 118, 322, 135), 0, CPoint(258, 123), kLeftText);
+    widthValue = rowValue(115, spatara::percentStringConvert);
     widthValue->setMax(4.0f);
     widthValue->setValue(widthDisplayValue());
-    widthValue->setStringConvert(percentStringConvert);
     myFrame->addView(widthValue);
     // 0.67 here, 0.75 when the mode changes later: different on purpose, the same for the three modes.
     const bool emphasis = static_cast<double>(normalised(kModeTag)) >= 0.67;
-    widthCaption = caption(CRect(2, 118, 42, 135), 2, CPoint(2, 123), kRightText,
-                           emphasis ? kCaptionEmph : kCaptionWidth);
+    widthCaption = rowCaption(115, emphasis ? kCaptionEmph : kCaptionWidth);
     myFrame->addView(widthCaption);
 
-    // ---- buttons: all three as wide as 137 and half as high, whatever the sizes of 138 and 139
-    processButton = new COnOffButton(buttonRect(70), this, kProcessTag, processImage);
+    // ---- buttons: all three as wide as the process image and half as high, whatever the sizes of the others
+    processButton = new COnOffButton(buttonRect(70), this, kProcessTag, processImage.get());
     processButton->setValue(normalised(kProcessTag));
     myFrame->addView(processButton);
-    phaseButton = new COnOffButton(buttonRect(190), this, kPhaseTag, phaseImage);
+    phaseButton = new COnOffButton(buttonRect(190), this, kPhaseTag, phaseImage.get());
     phaseButton->setValue(normalised(kPhaseTag));
     myFrame->addView(phaseButton);
-    modeButton = new CClickButton(buttonRect(130), this, kModeTag, modeImage, kModeStates);
+    modeButton = new CClickButton(buttonRect(130), this, kModeTag, modeImage.get(), kModeStates);
     modeButton->setMax(2.0f);
     modeButton->setValue(modeButtonValue(normalised(kModeTag)));
     myFrame->addView(modeButton);
@@ -210,14 +224,10 @@ bool ADEditor::open(void* parent)
     const double aboutLeft = static_cast<int>((kMainPanelWidth - aboutImage->getWidth()) / 2);
     const double aboutTop = static_cast<int>((kMainPanelHeight - aboutImage->getHeight()) / 2);
     about = new CAbout(
-        CRect(70, 184, 225, 204), this, kAboutTag, aboutImage,
+        CRect(70, 184, 225, 204), this, kAboutTag, aboutImage.get(),
         CRect(aboutLeft, aboutTop, aboutLeft + aboutImage->getWidth(), aboutTop + aboutImage->getHeight()),
         CPoint(0, 0), CPoint(0, 12));
     myFrame->addView(about);
-
-    for (CBitmap* bitmap :
-         {handle, unused, meterOff, meterOn, processImage, phaseImage, modeImage, aboutImage})
-        bitmap->forget();
 
     // The preset panel goes on top of this editor's controls.
     CPresetSystemEditor::open(parent);

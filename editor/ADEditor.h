@@ -4,6 +4,7 @@
 #pragma once
 
 #include "CPresetSystemEditor.h"
+#include "SharedPointer.h"
 
 #include <atomic>
 #include <cstdint>
@@ -57,7 +58,7 @@ class ADEditor : public CPresetSystemEditor
 
     RealValueReader realValue;
     MeterReader stereoMeter;
-    CBitmap* background;
+    SharedPointer<CBitmap> background;
     // Bit n: parameter n changed since the last idle; bit kOtherChange: some other index did.
     std::atomic<std::uint32_t> pendingChanges{0};
 

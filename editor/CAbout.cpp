@@ -2,6 +2,7 @@
 
 #include "CFrame.h"
 #include "CSplashScreenMyView.h"
+#include "SharedPointer.h"
 
 CAbout::CAbout(const CRect& size, CControlListener* listener, int32_t tag, CBitmap* background,
                const CRect& toDisplay, const CPoint& offset, const CPoint& textOffset)
@@ -19,13 +20,10 @@ CMouseEventResult CAbout::onMouseDown(CPoint&, const CButtonState& buttons)
     }
     CFrame* frame = getFrame();
     if (!frame) return kMouseEventHandled;
-    auto* screen = new CSplashScreenMyView(toDisplay, this, textOffset);
+    auto screen = owned(new CSplashScreenMyView(toDisplay, this, textOffset));
     // Another modal view (a dialog of the preset panel) keeps the frame: no about screen then.
-    if (!frame->setModalView(screen))
-    {
-        screen->forget();
-        return kMouseEventHandled;
-    }
+    if (!frame->setModalView(screen.get())) return kMouseEventHandled;
+    screen.release(); // the screen lets itself go when it is clicked away
     value = 1.0f;
     invalid();
     return kMouseEventHandled;

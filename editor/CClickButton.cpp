@@ -7,19 +7,14 @@ CClickButton::CClickButton(const CRect& size, CControlListener* listener, int32_
                            int32_t states)
     : CControl(size, listener, tag), bitmap(bitmap), states(states)
 {
-    if (bitmap) bitmap->remember();
 }
 
 CClickButton::CClickButton(const CClickButton& other)
     : CControl(other), bitmap(other.bitmap), states(other.states)
 {
-    if (bitmap) bitmap->remember();
 }
 
-CClickButton::~CClickButton()
-{
-    if (bitmap) bitmap->forget();
-}
+CClickButton::~CClickButton() = default;
 
 void CClickButton::draw(CDrawContext* context)
 {

@@ -17,7 +17,7 @@ class CClickButton : public CControl
     // Left button: value → (step + 1) mod states, told to the listener as one plain change.
     CMouseEventResult onMouseDown(CPoint& where, const CButtonState& buttons) override;
 
-    CBitmap* getBitmap() const { return bitmap; }
+    CBitmap* getBitmap() const { return bitmap.get(); }
     int32_t getStates() const { return states; }
 
     CLASS_METHODS(CClickButton, CControl)
@@ -26,6 +26,6 @@ class CClickButton : public CControl
     ~CClickButton() override;
 
   private:
-    CBitmap* bitmap;
+    SharedPointer<CBitmap> bitmap;
     int32_t states;
 };

@@ -24,6 +24,8 @@ bool EditorTimer::isRunning() const
     return timer && timer->isValid();
 }
 
+namespace spatara
+{
 void* createTimer(AEffGUIEditor* editor, int intervalMs)
 {
     auto* timer = new EditorTimer;
@@ -37,3 +39,4 @@ void destroyTimer(void* handle)
 {
     if (handle) static_cast<EditorTimer*>(handle)->forget();
 }
+} // namespace spatara

@@ -37,7 +37,10 @@ class EditorTimer : public CBaseObject
     std::unique_ptr<PlatformTimer> timer;
 };
 
+namespace spatara
+{
 // Makes a running timer that idles editor every intervalMs milliseconds; the handle is for destroyTimer.
 void* createTimer(AEffGUIEditor* editor, int intervalMs);
 // Releases the handle; the timer is torn down with its last reference.
 void destroyTimer(void* handle);
+} // namespace spatara

@@ -1,6 +1,7 @@
 #include "MyFrame.h"
 
 #include "CDrawContext.h"
+#include "SharedPointer.h"
 
 MyFrame::MyFrame(const CRect& size, void* systemWindow, VSTGUIEditorInterface* editor)
     : CFrame(size, systemWindow, editor)
@@ -10,7 +11,8 @@ MyFrame::MyFrame(const CRect& size, void* systemWindow, VSTGUIEditorInterface* e
 void MyFrame::drawRect(CDrawContext* context, const CRect& updateRect)
 {
     if (!context || updateRect.getWidth() <= 0 || updateRect.getHeight() <= 0) return;
-    context->remember();
+    // The context stays alive while the views draw into it, whatever they do with their own references.
+    const SharedPointer<CDrawContext> kept(context);
     CRect oldClip;
     context->getClipRect(oldClip);
     CRect newClip = updateRect;
@@ -22,7 +24,6 @@ void MyFrame::drawRect(CDrawContext* context, const CRect& updateRect)
     if (modalView && modalView->getViewSize().touches(updateRect)) modalView->drawRect(context, updateRect);
 
     context->setClipRect(oldClip);
-    context->forget();
 }
 
 CMouseEventResult MyFrame::onMouseDown(CPoint& where, const CButtonState& buttons)

@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <cstring>
 
+namespace spatara
+{
 namespace
 {
 constexpr int kMaxText = 17; // 16 characters and the terminator
@@ -99,3 +101,4 @@ void dBStringConvert(float value, char* text)
     else
         std::snprintf(text, kMaxText, "%d dB", wholePart(20.0 * std::log10(static_cast<double>(value))));
 }
+} // namespace spatara

@@ -2,6 +2,8 @@
 // into the display's buffer, keeps no state and allocates nothing, so any drawing thread may call it.
 #pragma once
 
+namespace spatara
+{
 // Plain whole number ("%d", truncated).
 void strictStringConvert(float value, char* text);
 // The same rule as strictStringConvert; kept as its own entry of the converter set.
@@ -16,3 +18,4 @@ void parameterNameStringConvert(float value, char* text);
 void frequencyStringConvert(float value, char* text);
 // Decibels of a linear gain.
 void dBStringConvert(float value, char* text);
+} // namespace spatara

@@ -46,7 +46,7 @@ int feedImage(const std::uint8_t* data, std::size_t size, ReadOld readOld, ReadN
     {
         newpresetheader header;
         std::memcpy(&header, image.data(), sizeof(header));
-        if (swap) byteSwapHeader(&header);
+        if (swap) spatara::byteSwapHeader(&header);
         readNew(*effect.presetEditor(), image.data() + sizeof(header), image.size() - sizeof(header), header,
                 swap);
     }

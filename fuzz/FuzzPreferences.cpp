@@ -19,7 +19,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const CPreferencesDocument again(document.text());
     if (again.get("DefaultBank") != PreferenceValue(value) || again.get("CurrBank") != before) std::abort();
     // Text that decodes encodes back to text that decodes to the same bytes.
-    if (const auto bytes = base64Decode(text); bytes && base64Decode(base64Encode(*bytes)) != bytes)
+    if (const auto bytes = spatara::base64Decode(text);
+        bytes && spatara::base64Decode(spatara::base64Encode(*bytes)) != bytes)
         std::abort();
     return 0;
 }

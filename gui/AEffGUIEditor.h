@@ -3,6 +3,7 @@
 #pragma once
 
 #include "AEffEditor.h"
+#include "CKnobMode.h"
 #include "VSTGUIEditorInterface.h"
 
 class CBitmap;
@@ -50,6 +51,6 @@ class AEffGUIEditor : public AEffEditor, public VSTGUIEditorInterface
     CFrame* frame = nullptr;
 
   private:
-    VstInt32 knobMode = 0;
+    VstInt32 knobMode = kCircularMode;
     bool inIdle = false;
 };

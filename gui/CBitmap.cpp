@@ -27,7 +27,7 @@ cairo_status_t readFromMemory(void* closure, unsigned char* out, unsigned int le
 
 CBitmap::CBitmap(int32_t resourceNumber) : resourceNumber(resourceNumber)
 {
-    const EmbeddedResource* resource = findEmbeddedResource(resourceNumber);
+    const EmbeddedResource* resource = spatara::findEmbeddedResource(resourceNumber);
     if (!resource) return;
     ReadCursor cursor{resource->data, resource->size};
     cairo_surface_t* decoded = cairo_image_surface_create_from_png_stream(readFromMemory, &cursor);

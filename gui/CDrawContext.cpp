@@ -102,7 +102,7 @@ double CDrawContext::getStringWidth(const char* text)
     if (!text) return 0.0;
     applyFont();
     cairo_text_extents_t extents;
-    cairo_text_extents(cr, validUtf8(text).c_str(), &extents);
+    cairo_text_extents(cr, spatara::validUtf8(text).c_str(), &extents);
     return extents.x_advance;
 }
 
@@ -111,7 +111,7 @@ void CDrawContext::drawString(const char* text, const CRect& rect, CHoriTxtAlign
     if (!text || !*text) return;
     // Cairo stops drawing anything on this context after one invalid string: names from old files or
     // other machines are drawn with replacement characters instead.
-    const std::string shown = validUtf8(text);
+    const std::string shown = spatara::validUtf8(text);
     cairo_save(cr);
     applyFont();
     cairo_font_options_t* options = cairo_font_options_create();

@@ -2,6 +2,7 @@
 
 #include "CDrawContext.h"
 #include "CFramePlatformBridge.h"
+#include "CKnobMode.h"
 #include "VSTGUIEditorInterface.h"
 #include "platform/PlatformWindow.h"
 
@@ -124,7 +125,7 @@ void CFrame::endEdit(int32_t index)
 
 int32_t CFrame::getKnobMode() const
 {
-    return editor ? editor->getKnobMode() : 0;
+    return editor ? editor->getKnobMode() : kCircularMode;
 }
 
 CMouseEventResult CFrame::onMouseDown(CPoint& where, const CButtonState& buttons)

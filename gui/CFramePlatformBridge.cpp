@@ -2,6 +2,7 @@
 
 #include "CDrawContext.h"
 #include "CFrame.h"
+#include "SharedPointer.h"
 
 long CFramePlatformBridge::buttonBit(int button)
 {
@@ -30,9 +31,8 @@ long CFramePlatformBridge::buttonState(unsigned modifiers) const
 
 void CFramePlatformBridge::onPlatformDraw(cairo_t* cr)
 {
-    auto* context = new CDrawContext(cr);
-    frame->paint(context);
-    context->forget();
+    const auto context = owned(new CDrawContext(cr));
+    frame->paint(context.get());
 }
 
 void CFramePlatformBridge::onPlatformMouseButton(double x, double y, int button, bool press,

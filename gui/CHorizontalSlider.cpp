@@ -10,7 +10,6 @@ CHorizontalSlider::CHorizontalSlider(const CRect& size, CControlListener* listen
     : CControl(size, listener, tag, background), handle(handle), offset(offset), minPos(minPos),
       maxPos(maxPos), style(style | kSliderHorizontal)
 {
-    if (handle) handle->remember();
 }
 
 CHorizontalSlider::CHorizontalSlider(const CHorizontalSlider& other)
@@ -18,13 +17,9 @@ CHorizontalSlider::CHorizontalSlider(const CHorizontalSlider& other)
       minPos(other.minPos), maxPos(other.maxPos), style(other.style), freeClick(other.freeClick),
       zoomFactor(other.zoomFactor)
 {
-    if (handle) handle->remember();
 }
 
-CHorizontalSlider::~CHorizontalSlider()
-{
-    if (handle) handle->forget();
-}
+CHorizontalSlider::~CHorizontalSlider() = default;
 
 float CHorizontalSlider::normalizedPosition() const
 {

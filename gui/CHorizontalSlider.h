@@ -45,7 +45,7 @@ class CHorizontalSlider : public CControl
     // How much finer the handle follows the mouse while Shift is held.
     void setZoomFactor(float factor) { zoomFactor = factor; }
     int32_t getStyle() const { return style; }
-    CBitmap* getHandle() const { return handle; }
+    CBitmap* getHandle() const { return handle.get(); }
     // The handle's rectangle for the current value (frame pixels).
     CRect getHandleRect() const;
 
@@ -60,7 +60,7 @@ class CHorizontalSlider : public CControl
     void setFromPosition(float position);
     bool minimumAtLeft() const { return !(style & kSliderRight); }
 
-    CBitmap* handle;
+    SharedPointer<CBitmap> handle;
     CPoint offset;
     CPoint offsetHandle;
     int32_t minPos;

@@ -2,6 +2,7 @@
 
 #include "CFrame.h"
 #include "CPathEntryView.h"
+#include "SharedPointer.h"
 #include "platform/PlatformFileDialog.h"
 #include "platform/PlatformWindow.h"
 
@@ -99,14 +100,11 @@ std::optional<std::string> CNewFileSelector::runPathEntry(const std::string& pro
 {
     PlatformWindow* window = frame ? frame->getPlatformWindow() : nullptr;
     if (!window) return std::nullopt;
-    auto* entry = new CPathEntryView(frame->getViewSize(), prompt.c_str(), start.c_str());
-    if (!frame->setModalView(entry))
-    {
-        entry->forget();
-        return std::nullopt;
-    }
-    entry->remember();
-    frame->setFocusView(entry);
+    // Ours for the whole wait, even if the frame closes meanwhile.
+    const auto entry = owned(new CPathEntryView(frame->getViewSize(), prompt.c_str(), start.c_str()));
+    if (!frame->setModalView(entry.get())) return std::nullopt;
+    entry->remember(); // the frame's, as its modal view: closing the frame lets it go
+    frame->setFocusView(entry.get());
     while (!entry->isFinished() && frame->getPlatformWindow())
     {
         window->idle();
@@ -114,12 +112,11 @@ std::optional<std::string> CNewFileSelector::runPathEntry(const std::string& pro
     }
     std::optional<std::string> typed;
     if (entry->isConfirmed() && *entry->getText()) typed = entry->getText();
-    if (frame->getModalView() == entry)
+    if (frame->getModalView() == entry.get())
     {
         frame->setFocusView(nullptr);
         frame->setModalView(nullptr);
-        entry->forget();
+        entry->forget(); // the frame's, which taking the view out leaves to us
     }
-    entry->forget();
     return typed;
 }

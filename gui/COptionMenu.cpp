@@ -3,6 +3,7 @@
 #include "CBitmap.h"
 #include "CFrame.h"
 #include "COptionMenuPopup.h"
+#include "SharedPointer.h"
 
 COptionMenu::COptionMenu(const CRect& size, CControlListener* listener, int32_t tag, CBitmap* background,
                          CBitmap* bgWhenClick, int32_t style)
@@ -12,7 +13,6 @@ COptionMenu::COptionMenu(const CRect& size, CControlListener* listener, int32_t 
     setTag(tag);
     vmin = 0.0f;
     vmax = 0.0f;
-    if (bgWhenClick) bgWhenClick->remember();
 }
 
 COptionMenu::COptionMenu(const COptionMenu& other)
@@ -21,13 +21,11 @@ COptionMenu::COptionMenu(const COptionMenu& other)
 {
     for (const auto& entry : other.entries)
         entries.push_back(std::make_unique<CMenuItem>(*entry));
-    if (bgWhenClick) bgWhenClick->remember();
 }
 
 COptionMenu::~COptionMenu()
 {
     if (openPopup) openPopup->detachMenu();
-    if (bgWhenClick) bgWhenClick->forget();
 }
 
 CMenuItem* COptionMenu::addEntry(const char* title, int32_t index)
@@ -114,13 +112,9 @@ bool COptionMenu::popup()
 {
     CFrame* frame = getFrame();
     if (!frame || openPopup || entries.empty()) return false;
-    auto* list = new COptionMenuPopup(this, frame->getViewSize());
-    if (!frame->setModalView(list))
-    {
-        list->forget();
-        return false;
-    }
-    openPopup = list;
+    auto list = owned(new COptionMenuPopup(this, frame->getViewSize()));
+    if (!frame->setModalView(list.get())) return false;
+    openPopup = list.release(); // the list lets itself go when it closes
     setDirty();
     return true;
 }

@@ -49,7 +49,7 @@ class COptionMenu : public CParamDisplay
 
   private:
     std::vector<std::unique_ptr<CMenuItem>> entries;
-    CBitmap* bgWhenClick;
+    SharedPointer<CBitmap> bgWhenClick;
     int32_t currentIndex = -1;
     int32_t nbItemsPerColumn = 16;
     COptionMenuPopup* openPopup = nullptr;

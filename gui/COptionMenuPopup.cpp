@@ -3,6 +3,7 @@
 #include "CDrawContext.h"
 #include "CFrame.h"
 #include "COptionMenu.h"
+#include "SharedPointer.h"
 
 #include <algorithm>
 #include <cairo.h>
@@ -22,12 +23,13 @@ double widestTitle(const COptionMenu* menu)
     // Text is measured on a scratch surface: the list is laid out before anything draws it.
     cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 1, 1);
     cairo_t* cr = cairo_create(surface);
-    auto* context = new CDrawContext(cr);
-    context->setFont(kNormalFontSmaller);
     double widest = 0.0;
-    for (int32_t i = 0; i < menu->getNbEntries(); ++i)
-        widest = std::max(widest, context->getStringWidth(menu->getEntry(i)->getTitle()));
-    context->forget();
+    {
+        const auto context = owned(new CDrawContext(cr));
+        context->setFont(kNormalFontSmaller);
+        for (int32_t i = 0; i < menu->getNbEntries(); ++i)
+            widest = std::max(widest, context->getStringWidth(menu->getEntry(i)->getTitle()));
+    }
     cairo_destroy(cr);
     cairo_surface_destroy(surface);
     return widest;

@@ -2,6 +2,7 @@
 
 #include "CFrame.h"
 #include "CSplashScreenView.h"
+#include "SharedPointer.h"
 
 CSplashScreen::CSplashScreen(const CRect& size, CControlListener* listener, int32_t tag, CBitmap* background,
                              const CRect& toDisplay, const CPoint& offset)
@@ -31,13 +32,9 @@ CMouseEventResult CSplashScreen::onMouseDown(CPoint&, const CButtonState& button
     }
     else
     {
-        auto* view = new CSplashScreenView(toDisplay, this);
-        if (!frame->setModalView(view))
-        {
-            view->forget();
-            return kMouseDownEventHandledButDontNeedMovedOrUpEvents;
-        }
-        splashView = view;
+        auto view = owned(new CSplashScreenView(toDisplay, this));
+        if (!frame->setModalView(view.get())) return kMouseDownEventHandledButDontNeedMovedOrUpEvents;
+        splashView = view.release(); // given back when the screen goes
         value = vmax;
     }
     valueChanged();

@@ -9,13 +9,9 @@ CView::CView(const CView& other)
     : CBaseObject(other), size(other.size), mouseableArea(other.mouseableArea), background(other.background),
       dirty(other.dirty), visible(other.visible), mouseEnabled(other.mouseEnabled)
 {
-    if (background) background->remember();
 }
 
-CView::~CView()
-{
-    if (background) background->forget();
-}
+CView::~CView() = default;
 
 void CView::draw(CDrawContext* context)
 {
@@ -30,9 +26,7 @@ void CView::drawRect(CDrawContext* context, const CRect&)
 
 void CView::setBackground(CBitmap* bitmap)
 {
-    if (bitmap) bitmap->remember();
-    if (background) background->forget();
-    background = bitmap;
+    background = SharedPointer<CBitmap>(bitmap);
     setDirty();
 }
 

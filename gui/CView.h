@@ -5,6 +5,7 @@
 #include "CButtonState.h"
 #include "CMouseEventResult.h"
 #include "CRect.h"
+#include "SharedPointer.h"
 #include "VstKeyCode.h"
 
 #include <cstdint>
@@ -38,7 +39,7 @@ class CView : public CBaseObject
     // Draws what lies in updateRect; a plain view draws itself whole.
     virtual void drawRect(CDrawContext* context, const CRect& updateRect);
     virtual void setBackground(CBitmap* bitmap);
-    CBitmap* getBackground() const { return background; }
+    CBitmap* getBackground() const { return background.get(); }
 
     // ---- dirty state and repaints
     // Marks the view for the frame's next pass over dirty views.
@@ -104,7 +105,7 @@ class CView : public CBaseObject
 
     CRect size;
     CRect mouseableArea;
-    CBitmap* background = nullptr;
+    SharedPointer<CBitmap> background;
 
   private:
     CView* parentView = nullptr;

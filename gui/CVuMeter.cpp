@@ -7,20 +7,15 @@
 CVuMeter::CVuMeter(const CRect& size, CBitmap* onBitmap, CBitmap* offBitmap, int32_t nbLed, int32_t style)
     : CControl(size, nullptr, 0, onBitmap), offBitmap(offBitmap), nbLed(nbLed), style(style)
 {
-    if (offBitmap) offBitmap->remember();
 }
 
 CVuMeter::CVuMeter(const CVuMeter& other)
     : CControl(other), offBitmap(other.offBitmap), nbLed(other.nbLed), style(other.style),
       decreaseValue(other.decreaseValue), oldValue(other.oldValue)
 {
-    if (offBitmap) offBitmap->remember();
 }
 
-CVuMeter::~CVuMeter()
-{
-    if (offBitmap) offBitmap->forget();
-}
+CVuMeter::~CVuMeter() = default;
 
 void CVuMeter::draw(CDrawContext* context)
 {

@@ -17,8 +17,8 @@ class CVuMeter : public CControl
 
     void setDecreaseStepValue(float step) { decreaseValue = step; }
     float getDecreaseStepValue() const { return decreaseValue; }
-    CBitmap* getOnBitmap() const { return background; }
-    CBitmap* getOffBitmap() const { return offBitmap; }
+    CBitmap* getOnBitmap() const { return background.get(); }
+    CBitmap* getOffBitmap() const { return offBitmap.get(); }
     int32_t getNbLed() const { return nbLed; }
     int32_t getStyle() const { return style; }
 
@@ -27,7 +27,7 @@ class CVuMeter : public CControl
   protected:
     ~CVuMeter() override;
 
-    CBitmap* offBitmap;
+    SharedPointer<CBitmap> offBitmap;
     int32_t nbLed;
     int32_t style;
     float decreaseValue = 0.1f;

@@ -11,5 +11,8 @@ struct EmbeddedResource
     size_t size;
 };
 
+namespace spatara
+{
 // The resource with this number, or null when the build embedded none. Defined by the generated table.
 const EmbeddedResource* findEmbeddedResource(int32_t number);
+} // namespace spatara

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+namespace spatara
+{
 namespace
 {
 constexpr const char* kReplacement = "\xEF\xBF\xBD"; // U+FFFD
@@ -85,3 +87,4 @@ std::size_t utf8CutLength(const char* text, std::size_t limit)
     // A character whose bytes so far are right and which would end past the limit goes whole.
     return matched == known.size() - start && start + character > limit ? start : limit;
 }
+} // namespace spatara

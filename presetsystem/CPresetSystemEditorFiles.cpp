@@ -4,6 +4,7 @@
 #include "CNewFileSelector.h"
 #include "CPresetSystemEffect.h"
 #include "ParamConversion.h"
+#include "SharedPointer.h"
 #include "XPlatFile.h"
 
 #include <cstring>
@@ -68,8 +69,8 @@ bool splitChosenPath(const std::string& path, char* name, char* directory, std::
 std::optional<std::string> CPresetSystemEditor::runFileDialog(const FileChoice& choice)
 {
     if (!frame) return std::nullopt;
-    CNewFileSelector* selector = CNewFileSelector::create(
-        frame, choice.save ? CNewFileSelector::kSelectSaveFile : CNewFileSelector::kSelectFile);
+    const auto selector = owned(CNewFileSelector::create(
+        frame, choice.save ? CNewFileSelector::kSelectSaveFile : CNewFileSelector::kSelectFile));
     selector->setTitle(choice.title.c_str());
     selector->setInitialDirectory(choice.directory.c_str());
     if (choice.save) selector->setDefaultSaveName(choice.defaultName.c_str());
@@ -88,7 +89,6 @@ std::optional<std::string> CPresetSystemEditor::runFileDialog(const FileChoice& 
         };
         if (::lstat(chosen->c_str(), &existing) == 0) chosen = selector->confirmReplacing(*chosen);
     }
-    selector->forget();
     return chosen;
 }
 
@@ -153,7 +153,7 @@ bool CPresetSystemEditor::isOwnImage(const std::vector<char>& image) const
     std::int32_t id;
     std::memcpy(&id, image.data(), sizeof(id));
     std::int32_t reversed = presetEffect()->getUniqueID();
-    mySwapBytes(&reversed);
+    spatara::mySwapBytes(&reversed);
     return id == presetEffect()->getUniqueID() || id == reversed;
 }
 
@@ -183,7 +183,7 @@ bool CPresetSystemEditor::applyImage(const std::vector<char>& image, bool endian
         if (image.size() < sizeof(newpresetheader))
             return false; // a head without the rest of its header: nothing usable
         std::memcpy(&header, image.data(), sizeof(header));
-        if (swap) byteSwapHeader(&header);
+        if (swap) spatara::byteSwapHeader(&header);
         // What the header announces, but never more than the image holds.
         const std::size_t available = image.size() - sizeof(newpresetheader);
         const std::size_t announced = header.dataSize > 0 ? static_cast<std::size_t>(header.dataSize) : 0;

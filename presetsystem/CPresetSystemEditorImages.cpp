@@ -89,10 +89,14 @@ void copyName(PresetRecord& record, const char* name)
     record.name[kPresetNameSize - 1] = 0; // an image may carry 24 characters; the table keeps 23
 }
 
-void reportRepair(const char* when, int parameter, float value, long presetIndex, const char* name)
+// A bank value out of range is repaired and reported rather than refused, on save as on load; NaN passes
+// unchanged.
+float repairedValue(const char* when, int parameter, float value, long presetIndex, const char* name)
 {
+    if (!(value < 0.0f || value > 1.0f)) return value;
     std::fprintf(stderr, "Invalid parameter %d value %f on %s of preset %ld %s\n", parameter,
                  static_cast<double>(value), when, presetIndex, name);
+    return value < 0.0f ? 0.0f : 1.0f;
 }
 } // namespace
 
@@ -129,19 +133,10 @@ std::vector<char> CPresetSystemEditor::PresetToBuffer()
     writer.header(makeHeader(kFileTypePreset, 1 + values, 0, dataSize));
 
     const PresetRecord& record = fx->preset(fx->getPresetNo());
-    writer.chunkHead(kChunkName, kNamePayloadSize, 0);
-    writer.bytes(record.name, kPresetNameSize);
-    writer.zeros(kNamePayloadSize - kPresetNameSize);
+    writer.nameChunk(0, record.name);
+    // The values as they are: a preset is saved without range check.
     for (int i = 0; i < kNumStoredValues; ++i)
-    {
-        if (fx->isDummy(i)) continue;
-        writer.chunkHead(kChunkValue, kValuePayloadSize, 0);
-        writer.int32(i);
-        writer.int32(0);
-        writer.int32(0);
-        writer.float32(record.value(i)); // as it is: a preset is saved without range check
-        writer.int32(0);
-    }
+        if (!fx->isDummy(i)) writer.valueChunk(kChunkValue, 0, i, record.value(i));
     return writer.take();
 }
 
@@ -158,26 +153,12 @@ std::vector<char> CPresetSystemEditor::BankToBuffer()
     for (int n = 0; n < kNumPresets; ++n)
     {
         const PresetRecord& record = fx->preset(n);
-        writer.chunkHead(kChunkName, kNamePayloadSize, n);
-        writer.bytes(record.name, kPresetNameSize);
-        writer.zeros(kNamePayloadSize - kPresetNameSize);
+        writer.nameChunk(n, record.name);
+        // A bank is repaired on save (the table is not).
         for (int i = 0; i < kNumStoredValues; ++i)
-        {
-            if (fx->isDummy(i)) continue;
-            float value = record.value(i);
-            // A bank is repaired on save (the table is not); NaN passes unchanged.
-            if (value < 0.0f || value > 1.0f)
-            {
-                reportRepair("save", i, value, n, record.name);
-                value = value < 0.0f ? 0.0f : 1.0f;
-            }
-            writer.chunkHead(kChunkValue, kValuePayloadSize, n);
-            writer.int32(i);
-            writer.int32(0);
-            writer.int32(0);
-            writer.float32(value);
-            writer.int32(0);
-        }
+            if (!fx->isDummy(i))
+                writer.valueChunk(kChunkValue, n, i,
+                                  repairedValue("save", i, record.value(i), n, record.name));
     }
     return writer.take();
 }
@@ -189,16 +170,10 @@ std::vector<char> CPresetSystemEditor::MidiToBuffer()
     const auto dataSize = static_cast<std::int32_t>(values * kValueChunkSize);
     ImageWriter writer(sizeof(newpresetheader) + static_cast<std::size_t>(dataSize));
     writer.header(makeHeader(kFileTypeMidiMap, values, 0, dataSize));
+    // The assignment travels as a parameter.
     for (int i = 0; i < kNumStoredValues; ++i)
-    {
-        if (fx->isDummy(i)) continue;
-        writer.chunkHead(kChunkMidiAssignment, kValuePayloadSize, 0);
-        writer.int32(i);
-        writer.int32(0);
-        writer.int32(0);
-        writer.float32(fx->getParameter(i + kNumStoredValues)); // the assignment travels as a parameter
-        writer.int32(0);
-    }
+        if (!fx->isDummy(i))
+            writer.valueChunk(kChunkMidiAssignment, 0, i, fx->getParameter(i + kNumStoredValues));
     return writer.take();
 }
 
@@ -296,13 +271,9 @@ bool CPresetSystemEditor::BufferToBank(const char* chunks, std::size_t length, c
         {
             if (!hasFields(reader, chunk, kValueOffsetInPayload + 4)) return saved.restore();
             const auto parameter = static_cast<std::uint32_t>(reader.int32At(chunk.payload));
-            float value = reader.floatAt(chunk.payload + kValueOffsetInPayload);
-            // A bank value out of range is repaired and reported rather than refused.
-            if (value < 0.0f || value > 1.0f)
-            {
-                reportRepair("load", static_cast<int>(parameter), value, chunk.presetIndex, record.name);
-                value = value < 0.0f ? 0.0f : 1.0f;
-            }
+            const float value = repairedValue("load", static_cast<int>(parameter),
+                                              reader.floatAt(chunk.payload + kValueOffsetInPayload),
+                                              chunk.presetIndex, record.name);
             if (parameter < static_cast<std::uint32_t>(kNumStoredValues))
             {
                 if (!isNormalised(value)) // only NaN is left here

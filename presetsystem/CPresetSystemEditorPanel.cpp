@@ -2,6 +2,7 @@
 // in step with the program store.
 #include "CPresetSystemEditor.h"
 
+#include "BitmapIds.h"
 #include "CAlertView.h"
 #include "CBitmap.h"
 #include "CFrame.h"
@@ -13,6 +14,7 @@
 #include "CSaveLoadButton.h"
 #include "CZEVTextEdit.h"
 #include "ManualDocument.h"
+#include "SharedPointer.h"
 #include "Utf8Text.h"
 #include "XPlatAlert.h"
 #include "XPlatAlertScope.h"
@@ -23,13 +25,13 @@
 
 namespace
 {
-constexpr int32_t kBackgroundBitmap = 128;
 // Pop-up, check mark, and neither text nor background of its own: the menu is a click area beside the
 // name, which shows the current preset.
-constexpr int32_t kPresetMenuStyle = 7680;
+constexpr int32_t kPresetMenuStyle = kPopupStyle | kCheckStyle | kNoTextStyle | kNoDrawStyle;
 constexpr int32_t kNameEditStyle = 0;
 constexpr int kImagesPerButton = 3;
 constexpr int kImagesPerRocker = 5;
+constexpr int32_t kPresetsPerColumn = 16;
 const CColor kNameBackColor = MakeCColor(189, 207, 218, 255);
 const CColor kNameFontColor = MakeCColor(36, 36, 32, 255);
 const CColor kNameFrameColor = MakeCColor(36, 36, 32, 255);
@@ -37,7 +39,7 @@ const CColor kNameFrameColor = MakeCColor(36, 36, 32, 255);
 // A program name as the store keeps it: at most 23 bytes, cut before a character that would not fit.
 std::string storedName(const char* text)
 {
-    return std::string(text ? text : "", utf8CutLength(text, kPresetNameSize - 1));
+    return std::string(text ? text : "", spatara::utf8CutLength(text, kPresetNameSize - 1));
 }
 
 // Adds view to frame and answers it; the frame takes over our reference.
@@ -72,7 +74,7 @@ void CPresetSystemEditor::close()
 void CPresetSystemEditor::createPresetPanel()
 {
     CPresetSystemEffect* fx = presetEffect();
-    auto* background = new CBitmap(kBackgroundBitmap);
+    const auto background = owned(new CBitmap(kBackgroundBitmap));
 
     // The name, centred on its line whatever the font's height.
     const double fontHeight = kNormalFontSmall->getSize();
@@ -80,7 +82,7 @@ void CPresetSystemEditor::createPresetPanel()
     const CRect nameRect(91, middle - fontHeight / 2.0 - 2.0, 201, middle + fontHeight / 2.0 + 2.0);
     nameEdit =
         new CZEVTextEdit(nameRect, this, kNameTag, storedName(fx->preset(fx->getPresetNo()).name).c_str(),
-                         background, kNameEditStyle, false);
+                         background.get(), kNameEditStyle, false);
     nameEdit->setBackOffset(CPoint(nameRect.left, nameRect.top));
     nameEdit->setBackColor(kNameBackColor);
     nameEdit->setFont(kNormalFontSmall);
@@ -89,50 +91,44 @@ void CPresetSystemEditor::createPresetPanel()
     nameEdit->setHoriAlign(kCenterText);
     addTo(frame, nameEdit);
 
-    presetMenu = new COptionMenu(CRect(207, 222, 217, 236), this, kPresetListTag, background, nullptr,
+    presetMenu = new COptionMenu(CRect(207, 222, 217, 236), this, kPresetListTag, background.get(), nullptr,
                                  kPresetMenuStyle);
     presetMenu->setBackOffset(CPoint(207, 222));
-    presetMenu->setNbItemsPerColumn(16);
+    presetMenu->setNbItemsPerColumn(kPresetsPerColumn);
     for (int i = 0; i < kProgramCount; ++i)
         presetMenu->addEntry(storedName(fx->preset(i).name).c_str());
     presetMenu->setCurrent(static_cast<int32_t>(fx->getPresetNo()));
     addTo(frame, presetMenu);
-    background->forget();
 
-    auto* rockerBitmap = new CBitmap(19997);
+    const auto rockerBitmap = owned(new CBitmap(kStepRockerBitmap));
     stepRocker = addTo(frame, new CPSRockerSwitch(CRect(219, 222, 250, 236), this, kStepTag,
-                                                  imageHeight(rockerBitmap, kImagesPerRocker), rockerBitmap,
-                                                  CPoint(0, 0), kHorizontal));
-    rockerBitmap->forget();
+                                                  imageHeight(rockerBitmap.get(), kImagesPerRocker),
+                                                  rockerBitmap.get(), CPoint(0, 0), kHorizontal));
 
     const auto fileButton = [this](const CRect& rect, int32_t tag, int32_t bitmapId)
     {
-        auto* bitmap = new CBitmap(bitmapId);
-        frame->addView(new CSaveLoadButton(rect, this, tag, imageHeight(bitmap, kImagesPerButton), bitmap,
-                                           CPoint(0, 0)));
-        bitmap->forget();
+        const auto bitmap = owned(new CBitmap(bitmapId));
+        frame->addView(new CSaveLoadButton(rect, this, tag, imageHeight(bitmap.get(), kImagesPerButton),
+                                           bitmap.get(), CPoint(0, 0)));
     };
     const auto kickButton = [this](const CRect& rect, int32_t tag, int32_t bitmapId, bool doubleClickOnly)
     {
-        auto* bitmap = new CBitmap(bitmapId);
-        auto* button = addTo(frame, new CPSKickButton(rect, this, tag, imageHeight(bitmap, kImagesPerButton),
-                                                      bitmap, CPoint(0, 0), doubleClickOnly));
-        bitmap->forget();
-        return button;
+        const auto bitmap = owned(new CBitmap(bitmapId));
+        return addTo(frame, new CPSKickButton(rect, this, tag, imageHeight(bitmap.get(), kImagesPerButton),
+                                              bitmap.get(), CPoint(0, 0), doubleClickOnly));
     };
     // Save buttons at the left, load buttons at the right; presets above, banks below.
-    fileButton(CRect(71, 230, 83, 244), kLoadBankTag, 19993);
-    fileButton(CRect(8, 230, 20, 244), kSaveBankTag, 19994);
-    kickButton(CRect(26, 232, 63, 242), kDefaultBankTag, 19990, true);
-    fileButton(CRect(71, 215, 83, 229), kLoadPresetTag, 19998);
-    fileButton(CRect(8, 215, 20, 229), kSavePresetTag, 19999);
-    // 19899, not 1999x: the default-preset image has always had this number.
-    kickButton(CRect(22, 217, 69, 227), kDefaultPresetTag, 19899, true);
-    kickButton(CRect(279, 215, 291, 229), kRecallATag, 19991, false);
-    kickButton(CRect(254, 215, 266, 229), kStoreATag, 19995, false);
-    kickButton(CRect(279, 230, 291, 244), kRecallBTag, 19992, false);
-    kickButton(CRect(254, 230, 266, 244), kStoreBTag, 19996, false);
-    manualButton = kickButton(CRect(262, 187, 278, 201), kManualTag, 989, false);
+    fileButton(CRect(71, 230, 83, 244), kLoadBankTag, kLoadBankButtonBitmap);
+    fileButton(CRect(8, 230, 20, 244), kSaveBankTag, kSaveBankButtonBitmap);
+    kickButton(CRect(26, 232, 63, 242), kDefaultBankTag, kDefaultBankButtonBitmap, true);
+    fileButton(CRect(71, 215, 83, 229), kLoadPresetTag, kLoadPresetButtonBitmap);
+    fileButton(CRect(8, 215, 20, 229), kSavePresetTag, kSavePresetButtonBitmap);
+    kickButton(CRect(22, 217, 69, 227), kDefaultPresetTag, kDefaultPresetButtonBitmap, true);
+    kickButton(CRect(279, 215, 291, 229), kRecallATag, kRecallAButtonBitmap, false);
+    kickButton(CRect(254, 215, 266, 229), kStoreATag, kStoreAButtonBitmap, false);
+    kickButton(CRect(279, 230, 291, 244), kRecallBTag, kRecallBButtonBitmap, false);
+    kickButton(CRect(254, 230, 266, 244), kStoreBTag, kStoreBButtonBitmap, false);
+    manualButton = kickButton(CRect(262, 187, 278, 201), kManualTag, kManualButtonBitmap, false);
 }
 
 void CPresetSystemEditor::valueChanged(CControl* control)
@@ -245,7 +241,7 @@ void CPresetSystemEditor::openManualDocument()
     std::optional<XPlatAlertScope> inThisWindow;
     if (frame && frame->getPlatformWindow())
         inThisWindow.emplace([this](const char* message) { CAlertView::showModal(frame, message); });
-    if (!openManual()) XPlatDisplayAlert(manualAlertText().c_str());
+    if (!spatara::openManual()) XPlatDisplayAlert(spatara::manualAlertText().c_str());
     // The viewer (or the alert) took the pointer away without the button seeing it leave.
     if (manualButton)
     {

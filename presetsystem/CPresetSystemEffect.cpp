@@ -37,7 +37,7 @@ VstInt32 CPresetSystemEffect::getProgram()
 
 void CPresetSystemEffect::setProgramName(char* name)
 {
-    copyPresetName(preset(getPresetNo()), name);
+    spatara::copyPresetName(preset(getPresetNo()), name);
     if (CPresetSystemEditor* e = presetEditor()) e->nameChangedExternal(name);
 }
 
@@ -96,7 +96,7 @@ void CPresetSystemEffect::setPresetNo(long n)
 void CPresetSystemEffect::setPresetName(const char* name)
 {
     curProgram = 0;
-    if (name) copyPresetName(preset(getPresetNo()), name);
+    if (name) spatara::copyPresetName(preset(getPresetNo()), name);
     updateDisplay();
 }
 

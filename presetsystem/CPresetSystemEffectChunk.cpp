@@ -20,7 +20,7 @@ std::int32_t readNative(const void* p)
 
 std::int32_t swapped32(std::int32_t value)
 {
-    mySwapBytes(&value);
+    spatara::mySwapBytes(&value);
     return value;
 }
 } // namespace
@@ -66,7 +66,7 @@ VstInt32 CPresetSystemEffect::setChunk(void* data, VstInt32 byteSize, bool isPre
     if (size < kHostChunkHeadSize + sizeof(newpresetheader)) return -1;
     newpresetheader header;
     std::memcpy(&header, bytes + kHostChunkHeadSize, sizeof(header));
-    if (swapped) byteSwapHeader(&header);
+    if (swapped) spatara::byteSwapHeader(&header);
     const std::size_t chunksAt = kHostChunkHeadSize + sizeof(newpresetheader);
     // Once the bank reader has run the chunk counts as taken, also when the reader refused the bank and
     // put the table back: -1 is kept for chunks that are not ours or that carry no bank at all.

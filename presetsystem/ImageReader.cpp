@@ -18,7 +18,7 @@ std::int32_t ImageReader::int32At(std::size_t offset) const
 {
     unsigned char bytes[4];
     std::memcpy(bytes, data + offset, 4);
-    if (swap) mySwapBytes(bytes);
+    if (swap) spatara::mySwapBytes(bytes);
     std::int32_t value;
     std::memcpy(&value, bytes, 4);
     return value;

@@ -1,6 +1,7 @@
 #include "ImageWriter.h"
 
 #include "PresetImageFormat.h"
+#include "PresetRecord.h"
 
 #include <cstring>
 
@@ -19,6 +20,23 @@ void ImageWriter::chunkHead(std::int32_t type, std::int32_t size, std::int32_t p
     int32(type);
     int32(size);
     int32(presetIndex);
+}
+
+void ImageWriter::nameChunk(std::int32_t presetIndex, const char* name)
+{
+    chunkHead(kChunkName, kNamePayloadSize, presetIndex);
+    bytes(name, kPresetNameSize);
+    zeros(kNamePayloadSize - kPresetNameSize);
+}
+
+void ImageWriter::valueChunk(std::int32_t type, std::int32_t presetIndex, std::int32_t number, float value)
+{
+    chunkHead(type, kValuePayloadSize, presetIndex);
+    int32(number);
+    int32(0);
+    int32(0);
+    float32(value);
+    int32(0);
 }
 
 void ImageWriter::int32(std::int32_t value)

@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <cstring>
 
+namespace spatara
+{
 namespace
 {
 constexpr int kNameSize = 13;
@@ -66,3 +68,4 @@ void convertCC(float value, char* text)
     // A negative value has no slot; it reads as blank rather than outside the table.
     std::strcpy(text, ccname(static_cast<int>(float2long(value, kNumControllerSlots))));
 }
+} // namespace spatara

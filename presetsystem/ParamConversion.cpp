@@ -3,6 +3,8 @@
 #include <cmath>
 #include <utility>
 
+namespace spatara
+{
 int paramContToLong(float value, int steps)
 {
     const int i = static_cast<int>(value * static_cast<float>(steps));
@@ -35,3 +37,4 @@ void mySwapBytes(void* p)
     std::swap(b[0], b[3]);
     std::swap(b[1], b[2]);
 }
+} // namespace spatara

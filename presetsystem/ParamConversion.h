@@ -2,6 +2,8 @@
 // every reader of images written on a machine of the other byte order.
 #pragma once
 
+namespace spatara
+{
 // Step index of a normalised value; values at or past 1.0 give the last step. There is no lower clamp.
 int paramContToLong(float value, int steps);
 // The centre of step i as a normalised value.
@@ -12,3 +14,4 @@ float long2float(long i, long n);
 long float2long(float value, long n);
 // Reverses the four bytes at p in place.
 void mySwapBytes(void* p);
+} // namespace spatara

@@ -43,5 +43,8 @@ struct newpresetheader
 
 static_assert(sizeof(newpresetheader) == 41, "the header is stored without padding");
 
+namespace spatara
+{
 // Reverses the nine 32-bit words after the type byte; identifier and type stay as they are.
 void byteSwapHeader(newpresetheader* header);
+} // namespace spatara

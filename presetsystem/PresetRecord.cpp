@@ -17,6 +17,8 @@ PresetRecord& PresetRecord::operator=(const PresetRecord& other)
     return *this;
 }
 
+namespace spatara
+{
 void copyPresetName(PresetRecord& record, const char* text)
 {
     // text may be the record's own name.
@@ -24,3 +26,4 @@ void copyPresetName(PresetRecord& record, const char* text)
     std::memmove(record.name, text, length);
     std::memset(record.name + length, 0, kPresetNameSize - length);
 }
+} // namespace spatara

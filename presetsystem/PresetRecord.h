@@ -29,6 +29,9 @@ struct PresetRecord
 
 static_assert(sizeof(PresetRecord) == 48, "preset records are stored and copied as 48-byte blocks");
 
+namespace spatara
+{
 // Names a record: at most 23 bytes are kept, longer text is cut before the character that would not fit
 // whole, never refused.
 void copyPresetName(PresetRecord& record, const char* text);
+} // namespace spatara

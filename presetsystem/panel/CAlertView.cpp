@@ -2,6 +2,7 @@
 
 #include "CDrawContext.h"
 #include "CFrame.h"
+#include "SharedPointer.h"
 #include "platform/PlatformWindow.h"
 
 #include <cstdio>
@@ -123,15 +124,15 @@ void CAlertView::showModal(CFrame* frame, const char* message)
         std::fprintf(stderr, "ZEV Spatara: %s\n", message);
         return;
     }
-    auto* alert = new CAlertView(frame->getViewSize(), message);
-    if (!frame->setModalView(alert))
+    // Ours for the whole wait, even if the frame closes meanwhile.
+    const auto alert = owned(new CAlertView(frame->getViewSize(), message));
+    if (!frame->setModalView(alert.get()))
     {
-        alert->forget();
         std::fprintf(stderr, "ZEV Spatara: %s\n", message);
         return;
     }
-    alert->remember();
-    frame->setFocusView(alert);
+    alert->remember(); // the frame's, as its modal view: closing the frame lets it go
+    frame->setFocusView(alert.get());
     alert->invalid();
     // The host's UI thread waits here, as it would for any message box; the window keeps running.
     while (!alert->isDismissed() && frame->getPlatformWindow())
@@ -140,12 +141,11 @@ void CAlertView::showModal(CFrame* frame, const char* message)
         window->idle();
         usleep(10000);
     }
-    if (frame->getModalView() == alert)
+    if (frame->getModalView() == alert.get())
     {
         frame->setFocusView(nullptr);
         frame->setModalView(nullptr);
-        alert->forget();
+        alert->forget(); // the frame's, which taking the view out leaves to us
         frame->invalid();
     }
-    alert->forget();
 }

@@ -8,6 +8,8 @@
 #include <sstream>
 #include <sys/stat.h>
 
+namespace spatara
+{
 namespace
 {
 std::string environmentOr(const char* name, const std::string& fallback)
@@ -85,3 +87,4 @@ std::string manualAlertText()
     // Always the documents path, wherever else the manual was looked for: the words users know it by.
     return "Could not open manual file:\n~/\"" + manualDocumentsPath() + "\"";
 }
+} // namespace spatara

@@ -10,6 +10,8 @@ inline constexpr const char* kManualFileName = "Spatara-manual.pdf";
 inline constexpr const char* kManualVendorFolder = "ZEV Sound Design";
 inline constexpr const char* kManualFamilyFolder = "Spatara";
 
+namespace spatara
+{
 // The manual in the user's documents, relative to the home folder:
 // "Documents/ZEV Sound Design/Spatara/Spatara-manual.pdf".
 std::string manualDocumentsPath();
@@ -27,3 +29,4 @@ bool openManual();
 // The alert shown when the manual could not be opened: "Could not open manual file:\n~/" and the quoted
 // documents path, whichever place was tried.
 std::string manualAlertText();
+} // namespace spatara

@@ -1,5 +1,7 @@
 #include "Base64.h"
 
+namespace spatara
+{
 namespace
 {
 constexpr char kAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
@@ -56,3 +58,4 @@ std::optional<std::vector<unsigned char>> base64Decode(const std::string& text)
     }
     return bytes;
 }
+} // namespace spatara

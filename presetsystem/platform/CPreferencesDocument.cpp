@@ -17,7 +17,7 @@ CPreferencesDocument::CPreferencesDocument(const std::string& text)
         const std::size_t next = std::min(end + 1, text.size());
         const std::size_t textEnd = end > start && text[end - 1] == '\r' ? end - 1 : end;
         Line line{text.substr(start, textEnd - start), text.substr(textEnd, next - textEnd), std::nullopt};
-        line.entry = parsePreferenceLine(line.text);
+        line.entry = spatara::parsePreferenceLine(line.text);
         lines.push_back(std::move(line));
         start = next;
     }
@@ -32,7 +32,7 @@ std::optional<PreferenceValue> CPreferencesDocument::get(const std::string& key)
 
 void CPreferencesDocument::set(const std::string& key, const PreferenceValue& value)
 {
-    Line changed{formatPreferenceLine(key, value), newLine(), PreferenceEntry{key, value}};
+    Line changed{spatara::formatPreferenceLine(key, value), newLine(), PreferenceEntry{key, value}};
     const auto first = std::find_if(lines.begin(), lines.end(),
                                     [&](const Line& line) { return line.entry && line.entry->key == key; });
     if (first != lines.end())

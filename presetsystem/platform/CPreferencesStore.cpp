@@ -181,7 +181,7 @@ bool CPreferencesStore::synchronize()
     std::lock_guard<std::mutex> hold(guard);
     if (pendingSets.empty() && pendingRemovals.empty()) return true;
     for (const auto& [key, value] : pendingSets)
-        if (!isValidPreferenceKey(key)) return false;
+        if (!spatara::isValidPreferenceKey(key)) return false;
 
     const std::string path = filePath();
     std::error_code ignored;

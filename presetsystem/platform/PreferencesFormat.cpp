@@ -2,6 +2,8 @@
 
 #include "Base64.h"
 
+namespace spatara
+{
 namespace
 {
 constexpr char kBinaryPrefix[] = "base64:";
@@ -92,3 +94,4 @@ std::string formatPreferenceLine(const std::string& key, const PreferenceValue& 
     if (const auto* string = std::get_if<std::string>(&value)) return key + " = " + quote(*string);
     return key + " = " + kBinaryPrefix + base64Encode(std::get<std::vector<unsigned char>>(value));
 }
+} // namespace spatara

@@ -23,6 +23,8 @@ struct PreferenceEntry
     std::optional<PreferenceValue> value;
 };
 
+namespace spatara
+{
 // Reads one line (without its line ending). Nothing for a blank line, a comment or a line that names no
 // key; a key whose value cannot be read comes back without a value.
 std::optional<PreferenceEntry> parsePreferenceLine(std::string_view line);
@@ -30,3 +32,4 @@ std::optional<PreferenceEntry> parsePreferenceLine(std::string_view line);
 std::string formatPreferenceLine(const std::string& key, const PreferenceValue& value);
 // Whether a key can be stored: letters, digits, "_", "-" and ".".
 bool isValidPreferenceKey(std::string_view key);
+} // namespace spatara

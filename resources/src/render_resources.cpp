@@ -1,5 +1,7 @@
 // Draws the editor's bitmaps with Cairo and writes them as resources/bmpNNNNN.png.
 // Regenerate with: cmake --build build --target spatara-resources
+#include "BitmapIds.h"
+
 #include <cairo.h>
 
 #include <cmath>
@@ -477,28 +479,28 @@ int main(int argc, char** argv)
         int number;
         cairo_surface_t* surface;
     } bitmaps[] = {
-        {128, background()},
-        // 133: the editor loads it and lets it go again unused; it holds a copy of the handle.
-        {133, sliderHandle()},
-        {134, sliderHandle()},
-        {135, meter(true)},
-        {136, meter(false)},
-        {137, onOffButton("process")},
-        {138, onOffButton("phase")},
-        {139, modeButton()},
-        {140, aboutScreen()},
-        {989, manualButton()},
-        {19899, labelButton("PRESET", 47, 10)},
-        {19990, labelButton("BANK", 37, 10)},
-        {19991, trayButton(false)},
-        {19992, trayButton(false)},
-        {19993, trayButton(false)},
-        {19994, trayButton(true)},
-        {19995, trayButton(true)},
-        {19996, trayButton(true)},
-        {19997, rocker()},
-        {19998, trayButton(false)},
-        {19999, trayButton(true)},
+        {kBackgroundBitmap, background()},
+        // The editor loads it and lets it go again unused; it holds a copy of the handle.
+        {kUnusedHandleBitmap, sliderHandle()},
+        {kSliderHandleBitmap, sliderHandle()},
+        {kMeterOnBitmap, meter(true)},
+        {kMeterOffBitmap, meter(false)},
+        {kProcessButtonBitmap, onOffButton("process")},
+        {kPhaseButtonBitmap, onOffButton("phase")},
+        {kModeButtonBitmap, modeButton()},
+        {kAboutScreenBitmap, aboutScreen()},
+        {kManualButtonBitmap, manualButton()},
+        {kDefaultPresetButtonBitmap, labelButton("PRESET", 47, 10)},
+        {kDefaultBankButtonBitmap, labelButton("BANK", 37, 10)},
+        {kRecallAButtonBitmap, trayButton(false)},
+        {kRecallBButtonBitmap, trayButton(false)},
+        {kLoadBankButtonBitmap, trayButton(false)},
+        {kSaveBankButtonBitmap, trayButton(true)},
+        {kStoreAButtonBitmap, trayButton(true)},
+        {kStoreBButtonBitmap, trayButton(true)},
+        {kStepRockerBitmap, rocker()},
+        {kLoadPresetButtonBitmap, trayButton(false)},
+        {kSavePresetButtonBitmap, trayButton(true)},
     };
     for (const auto& bitmap : bitmaps)
     {

@@ -1,4 +1,5 @@
 #include "CBitmap.h"
+#include "BitmapIds.h"
 #include "EmbeddedResource.h"
 #include "TestSurface.h"
 
@@ -14,9 +15,21 @@ TEST(CBitmap, BackgroundResourceIsEmbeddedWithItsSize)
     bitmap->forget();
 }
 
+TEST(CBitmap, EveryNamedBitmapIsEmbedded)
+{
+    for (const int32_t id :
+         {kBackgroundBitmap,      kUnusedHandleBitmap,  kSliderHandleBitmap,        kMeterOnBitmap,
+          kMeterOffBitmap,        kProcessButtonBitmap, kPhaseButtonBitmap,         kModeButtonBitmap,
+          kAboutScreenBitmap,     kManualButtonBitmap,  kDefaultPresetButtonBitmap, kDefaultBankButtonBitmap,
+          kRecallAButtonBitmap,   kRecallBButtonBitmap, kLoadBankButtonBitmap,      kSaveBankButtonBitmap,
+          kStoreAButtonBitmap,    kStoreBButtonBitmap,  kStepRockerBitmap,          kLoadPresetButtonBitmap,
+          kSavePresetButtonBitmap})
+        EXPECT_NE(spatara::findEmbeddedResource(id), nullptr) << id;
+}
+
 TEST(CBitmap, MissingResourceHasZeroSizeAndDrawsNothing)
 {
-    EXPECT_EQ(findEmbeddedResource(4711), nullptr);
+    EXPECT_EQ(spatara::findEmbeddedResource(4711), nullptr);
     auto* bitmap = new CBitmap(4711);
     EXPECT_FALSE(bitmap->isLoaded());
     EXPECT_EQ(bitmap->getWidth(), 0);

@@ -42,9 +42,9 @@ void pumpFor(std::chrono::milliseconds duration)
 TEST(EditorTimer, IntervalOf50FiresEvery50Milliseconds)
 {
     IdleRecorder editor;
-    void* timer = createTimer(&editor, 50);
+    void* timer = spatara::createTimer(&editor, 50);
     pumpFor(std::chrono::milliseconds(530));
-    destroyTimer(timer);
+    spatara::destroyTimer(timer);
     ASSERT_GE(editor.times.size(), 9u);
     EXPECT_LE(editor.times.size(), 11u);
     for (size_t i = 1; i < editor.times.size(); ++i)
@@ -60,9 +60,9 @@ TEST(EditorTimer, IntervalOf50FiresEvery50Milliseconds)
 TEST(EditorTimer, NothingFiresAfterDestroy)
 {
     IdleRecorder editor;
-    void* timer = createTimer(&editor, 10);
+    void* timer = spatara::createTimer(&editor, 10);
     pumpFor(std::chrono::milliseconds(35));
-    destroyTimer(timer);
+    spatara::destroyTimer(timer);
     const size_t before = editor.times.size();
     EXPECT_GT(before, 0u);
     pumpFor(std::chrono::milliseconds(40));
@@ -73,15 +73,15 @@ TEST(EditorTimer, NothingFiresAfterDestroy)
 TEST(EditorTimer, FiringAlreadyQueuedWhenTheTimerIsDestroyedCallsNothing)
 {
     IdleRecorder first, second;
-    void* firstTimer = createTimer(&first, 20);
-    void* secondTimer = createTimer(&second, 20);
+    void* firstTimer = spatara::createTimer(&first, 20);
+    void* secondTimer = spatara::createTimer(&second, 20);
     // Both become due in the same pass; the first firing destroys the second timer while its firing is
     // queued.
     first.action = [&]
     {
         if (secondTimer)
         {
-            destroyTimer(secondTimer);
+            spatara::destroyTimer(secondTimer);
             secondTimer = nullptr;
         }
     };
@@ -90,19 +90,19 @@ TEST(EditorTimer, FiringAlreadyQueuedWhenTheTimerIsDestroyedCallsNothing)
     EXPECT_EQ(first.times.size(), 1u);
     EXPECT_EQ(second.times.size(), 0u);
     EXPECT_EQ(secondTimer, nullptr);
-    destroyTimer(firstTimer);
+    spatara::destroyTimer(firstTimer);
 }
 
 TEST(EditorTimer, KeepsEditorAndIntervalAndRunsUntilReleased)
 {
     IdleRecorder editor;
-    auto* timer = static_cast<EditorTimer*>(createTimer(&editor, 50));
+    auto* timer = static_cast<EditorTimer*>(spatara::createTimer(&editor, 50));
     EXPECT_EQ(timer->getEditor(), &editor);
     EXPECT_EQ(timer->getInterval(), 50);
     EXPECT_TRUE(timer->isRunning());
     // Another holder keeps it alive past destroyTimer.
     timer->remember();
-    destroyTimer(timer);
+    spatara::destroyTimer(timer);
     EXPECT_TRUE(timer->isRunning());
     timer->forget();
     EXPECT_EQ(PlatformRunLoop::current().getNbTimers(), 0);

@@ -840,7 +840,7 @@ TEST_F(Manual, ButtonDropsItsHighlightAfterOpening)
 
 TEST_F(Manual, PlacesLookedAtTheDocumentsThenBesideThePluginThenTheUsersThenTheSystems)
 {
-    const auto paths = manualCandidatePaths();
+    const auto paths = spatara::manualCandidatePaths();
     ASSERT_EQ(paths.size(), 5u);
     EXPECT_EQ(paths[0], home.path() + "/Documents/ZEV Sound Design/Spatara/Spatara-manual.pdf");
     // This test program stands in for the plug-in's .so.

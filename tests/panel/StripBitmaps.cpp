@@ -64,7 +64,7 @@ CColor StripBitmaps::imageColour(int k)
 }
 
 // This test program's resource table: it takes the place of the product's, which is not linked in.
-const EmbeddedResource* findEmbeddedResource(int32_t number)
+const EmbeddedResource* spatara::findEmbeddedResource(int32_t number)
 {
     const auto found = table().find(number);
     return found == table().end() ? nullptr : &found->second;

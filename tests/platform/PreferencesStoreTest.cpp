@@ -308,17 +308,18 @@ TEST_F(PreferencesStore, AnotherProcessHoldingTheLockTooLongKeepsTheChangesPendi
 
 TEST(PreferencesFormat, ReadsWhatALineHoldsAndNothingMore)
 {
-    EXPECT_EQ(parsePreferenceLine("key = unquoted")->value, PreferenceValue(std::string("unquoted")));
-    EXPECT_EQ(parsePreferenceLine("key=\"x\" \t\r")->value, PreferenceValue(std::string("x")));
-    const auto badBase64 = parsePreferenceLine("key = base64:A");
+    EXPECT_EQ(spatara::parsePreferenceLine("key = unquoted")->value,
+              PreferenceValue(std::string("unquoted")));
+    EXPECT_EQ(spatara::parsePreferenceLine("key=\"x\" \t\r")->value, PreferenceValue(std::string("x")));
+    const auto badBase64 = spatara::parsePreferenceLine("key = base64:A");
     ASSERT_TRUE(badBase64);
     EXPECT_EQ(badBase64->key, "key");
     EXPECT_FALSE(badBase64->value) << "the key is known, its value is not";
-    EXPECT_FALSE(parsePreferenceLine("k = \"a\"b\"")->value);
-    EXPECT_FALSE(parsePreferenceLine("bad key = \"x\""));
-    EXPECT_FALSE(parsePreferenceLine("# key = \"x\""));
-    EXPECT_FALSE(parsePreferenceLine("no separator"));
-    EXPECT_FALSE(parsePreferenceLine("   "));
+    EXPECT_FALSE(spatara::parsePreferenceLine("k = \"a\"b\"")->value);
+    EXPECT_FALSE(spatara::parsePreferenceLine("bad key = \"x\""));
+    EXPECT_FALSE(spatara::parsePreferenceLine("# key = \"x\""));
+    EXPECT_FALSE(spatara::parsePreferenceLine("no separator"));
+    EXPECT_FALSE(spatara::parsePreferenceLine("   "));
 }
 
 TEST(PreferencesDocument, TheFirstReadableLineOfAKeyAnswersAndSettingItLeavesOneLine)
@@ -350,13 +351,13 @@ TEST(PreferencesDocument, WritesWhatItReads)
 
 TEST(Base64, EncodesAndDecodesWithPadding)
 {
-    EXPECT_EQ(base64Encode(bytes({'M', 'a', 'n'})), "TWFu");
-    EXPECT_EQ(base64Encode(bytes({'M', 'a'})), "TWE=");
-    EXPECT_EQ(base64Encode(bytes({'M'})), "TQ==");
-    EXPECT_EQ(base64Decode("TWE="), bytes({'M', 'a'}));
-    EXPECT_EQ(base64Decode("TQ=="), bytes({'M'}));
-    EXPECT_FALSE(base64Decode("TQ="));
-    EXPECT_FALSE(base64Decode("T=Q="));
-    EXPECT_FALSE(base64Decode("TQ==TQ=="));
-    EXPECT_FALSE(base64Decode("T*Q="));
+    EXPECT_EQ(spatara::base64Encode(bytes({'M', 'a', 'n'})), "TWFu");
+    EXPECT_EQ(spatara::base64Encode(bytes({'M', 'a'})), "TWE=");
+    EXPECT_EQ(spatara::base64Encode(bytes({'M'})), "TQ==");
+    EXPECT_EQ(spatara::base64Decode("TWE="), bytes({'M', 'a'}));
+    EXPECT_EQ(spatara::base64Decode("TQ=="), bytes({'M'}));
+    EXPECT_FALSE(spatara::base64Decode("TQ="));
+    EXPECT_FALSE(spatara::base64Decode("T=Q="));
+    EXPECT_FALSE(spatara::base64Decode("TQ==TQ=="));
+    EXPECT_FALSE(spatara::base64Decode("T*Q="));
 }

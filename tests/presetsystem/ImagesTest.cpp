@@ -20,7 +20,7 @@ class Images : public ::testing::Test
     {
         newpresetheader header;
         std::memcpy(&header, image.data(), sizeof(header));
-        if (swap) byteSwapHeader(&header);
+        if (swap) spatara::byteSwapHeader(&header);
         return editor().BufferToPreset(image.data() + 41, image.size() - 41, &header, swap);
     }
 
@@ -28,7 +28,7 @@ class Images : public ::testing::Test
     {
         newpresetheader header;
         std::memcpy(&header, image.data(), sizeof(header));
-        if (swap) byteSwapHeader(&header);
+        if (swap) spatara::byteSwapHeader(&header);
         return editor().BufferToBank(image.data() + 41, image.size() - 41, &header, swap);
     }
 
