@@ -17,9 +17,15 @@ namespace
 constexpr const char* kBankKey = "bank";
 constexpr int kMeterCount = 1;
 constexpr int kStateCount = 1;
+constexpr int kHostBypassCount = SPATARA_HOST_BYPASS;
+uint32_t programCount()
+{
+    return DISTRHO_PLUGIN_WANT_PROGRAMS ? static_cast<uint32_t>(distinctFactoryPresetCount()) : 0;
+}
 } // namespace
 
-SpataraDpfPlugin::SpataraDpfPlugin() : Plugin(kNumParameters + kMeterCount, 0, kStateCount)
+SpataraDpfPlugin::SpataraDpfPlugin()
+    : Plugin(kNumParameters + kMeterCount + kHostBypassCount, programCount(), kStateCount)
 {
     effect = new Spatara(&SpataraDpfPlugin::answer);
     vst = effect->getAeffect();
@@ -97,6 +103,13 @@ void SpataraDpfPlugin::initParameter(uint32_t index, DISTRHO::Parameter& paramet
         parameter.ranges = DISTRHO::ParameterRanges(0.0f, -0.5f, 0.5f);
         return;
     }
+#if SPATARA_HOST_BYPASS
+    if (index == kBypassIndex)
+    {
+        parameter.initDesignation(DISTRHO::kParameterDesignationBypass);
+        return;
+    }
+#endif
     if (!isParameter(static_cast<int>(index))) return;
     const ParameterInfo& info = parameterInfo(static_cast<int>(index));
     parameter.hints = DISTRHO::kParameterIsAutomatable;
@@ -107,7 +120,8 @@ void SpataraDpfPlugin::initParameter(uint32_t index, DISTRHO::Parameter& paramet
     parameter.unit = info.unit;
     parameter.ranges =
         DISTRHO::ParameterRanges(info.toUnit(kFactoryPresets[0].values[index]), info.minimum, info.maximum);
-    if (info.kind == ParameterKind::Enumeration)
+    // Toggles and the mode show the words the VST 2.4 plug-in shows.
+    if (info.valueNames)
     {
         auto* values = new DISTRHO::ParameterEnumerationValue[info.valueNameCount];
         for (int i = 0; i < info.valueNameCount; ++i)
@@ -124,6 +138,11 @@ void SpataraDpfPlugin::initParameter(uint32_t index, DISTRHO::Parameter& paramet
 float SpataraDpfPlugin::getParameterValue(uint32_t index) const
 {
     if (index == kMeterIndex) return effect->getStereoMeter();
+#if SPATARA_HOST_BYPASS
+    // Bypassed is the effect's "process" off.
+    if (index == kBypassIndex)
+        return switchFromNormalised(vst->getParameter(vst, kProcess)) >= 0.5f ? 0.0f : 1.0f;
+#endif
     if (!isParameter(static_cast<int>(index))) return 0.0f;
     return parameterInfo(static_cast<int>(index))
         .toUnit(vst->getParameter(vst, static_cast<VstInt32>(index)));
@@ -131,10 +150,35 @@ float SpataraDpfPlugin::getParameterValue(uint32_t index) const
 
 void SpataraDpfPlugin::setParameterValue(uint32_t index, float value)
 {
+#if SPATARA_HOST_BYPASS
+    if (index == kBypassIndex)
+    {
+        vst->setParameter(vst, kProcess, value > 0.5f ? 0.0f : 1.0f);
+        return;
+    }
+#endif
     if (!isParameter(static_cast<int>(index))) return;
     vst->setParameter(vst, static_cast<VstInt32>(index),
                       parameterInfo(static_cast<int>(index)).fromUnit(value));
 }
+
+#if DISTRHO_PLUGIN_WANT_PROGRAMS
+// ---------------------------------------------------------------- programs
+
+void SpataraDpfPlugin::initProgramName(uint32_t index, DISTRHO::String& programName)
+{
+    const int preset = distinctFactoryPresetIndex(static_cast<int>(index));
+    if (preset >= 0) programName = kFactoryPresets[static_cast<std::size_t>(preset)].name;
+}
+
+void SpataraDpfPlugin::loadProgram(uint32_t index)
+{
+    const int preset = distinctFactoryPresetIndex(static_cast<int>(index));
+    if (preset < 0) return;
+    for (int i = 0; i < kNumParameters; ++i)
+        vst->setParameter(vst, i, kFactoryPresets[static_cast<std::size_t>(preset)].values[i]);
+}
+#endif
 
 // ---------------------------------------------------------------- state
 

@@ -20,13 +20,15 @@ class SpataraDpfPlugin : public DISTRHO::Plugin
 
     // The parameter index of the balance meter, after the six parameters.
     static constexpr uint32_t kMeterIndex = kNumParameters;
+    // The host's bypass switch, after the meter, in the formats that have one (SPATARA_HOST_BYPASS).
+    static constexpr uint32_t kBypassIndex = kMeterIndex + 1;
 
   protected:
     // ---- information (host's main thread)
     const char* getLabel() const override { return "Spatara"; }
     const char* getDescription() const override;
     const char* getMaker() const override { return "ZEV Sound Design"; }
-    const char* getHomePage() const override { return "https://zev-sound.example/spatara"; }
+    const char* getHomePage() const override { return SPATARA_HOME_PAGE; }
     const char* getLicense() const override { return "https://zev-sound.example/spatara/LICENSE"; }
     uint32_t getVersion() const override;
     int64_t getUniqueId() const override;
@@ -37,6 +39,12 @@ class SpataraDpfPlugin : public DISTRHO::Plugin
     // Real units in and out; may be called from the audio thread.
     float getParameterValue(uint32_t index) const override;
     void setParameterValue(uint32_t index, float value) override;
+
+#if DISTRHO_PLUGIN_WANT_PROGRAMS
+    // ---- programs: the distinct factory presets, setting the six parameters (host's main thread)
+    void initProgramName(uint32_t index, DISTRHO::String& programName) override;
+    void loadProgram(uint32_t index) override;
+#endif
 
     // ---- state: the whole bank as base64 of the VST 2.4 chunk (host's main thread)
     void initState(uint32_t index, DISTRHO::State& state) override;
