@@ -13,13 +13,9 @@
 #define DISTRHO_PLUGIN_NUM_INPUTS 2
 #define DISTRHO_PLUGIN_NUM_OUTPUTS 2
 // The factory presets are written as port-only LV2 presets of our own, so a preset never replaces the bank.
-// VST3 hosts list them as the plug-in's programs, which set the six parameters in the same way. CLAP hosts
-// of this framework version see no program list.
-#ifdef DISTRHO_PLUGIN_TARGET_VST3
-#define DISTRHO_PLUGIN_WANT_PROGRAMS 1
-#else
+// No VST3 programs either: choosing one makes the framework ask the host to reread every parameter at once,
+// which freezes Ardour 7.3. (The framework's CLAP wrapper offers no preset list.)
 #define DISTRHO_PLUGIN_WANT_PROGRAMS 0
-#endif
 // The bank is the state, read from the effect whenever the host saves.
 #define DISTRHO_PLUGIN_WANT_STATE 1
 #define DISTRHO_PLUGIN_WANT_FULL_STATE 1

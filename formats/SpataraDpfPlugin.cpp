@@ -18,14 +18,9 @@ constexpr const char* kBankKey = "bank";
 constexpr int kMeterCount = 1;
 constexpr int kStateCount = 1;
 constexpr int kHostBypassCount = SPATARA_HOST_BYPASS;
-uint32_t programCount()
-{
-    return DISTRHO_PLUGIN_WANT_PROGRAMS ? static_cast<uint32_t>(distinctFactoryPresetCount()) : 0;
-}
 } // namespace
 
-SpataraDpfPlugin::SpataraDpfPlugin()
-    : Plugin(kNumParameters + kMeterCount + kHostBypassCount, programCount(), kStateCount)
+SpataraDpfPlugin::SpataraDpfPlugin() : Plugin(kNumParameters + kMeterCount + kHostBypassCount, 0, kStateCount)
 {
     effect = new Spatara(&SpataraDpfPlugin::answer);
     vst = effect->getAeffect();
@@ -161,24 +156,6 @@ void SpataraDpfPlugin::setParameterValue(uint32_t index, float value)
     vst->setParameter(vst, static_cast<VstInt32>(index),
                       parameterInfo(static_cast<int>(index)).fromUnit(value));
 }
-
-#if DISTRHO_PLUGIN_WANT_PROGRAMS
-// ---------------------------------------------------------------- programs
-
-void SpataraDpfPlugin::initProgramName(uint32_t index, DISTRHO::String& programName)
-{
-    const int preset = distinctFactoryPresetIndex(static_cast<int>(index));
-    if (preset >= 0) programName = kFactoryPresets[static_cast<std::size_t>(preset)].name;
-}
-
-void SpataraDpfPlugin::loadProgram(uint32_t index)
-{
-    const int preset = distinctFactoryPresetIndex(static_cast<int>(index));
-    if (preset < 0) return;
-    for (int i = 0; i < kNumParameters; ++i)
-        vst->setParameter(vst, i, kFactoryPresets[static_cast<std::size_t>(preset)].values[i]);
-}
-#endif
 
 // ---------------------------------------------------------------- state
 

@@ -40,12 +40,6 @@ class SpataraDpfPlugin : public DISTRHO::Plugin
     float getParameterValue(uint32_t index) const override;
     void setParameterValue(uint32_t index, float value) override;
 
-#if DISTRHO_PLUGIN_WANT_PROGRAMS
-    // ---- programs: the distinct factory presets, setting the six parameters (host's main thread)
-    void initProgramName(uint32_t index, DISTRHO::String& programName) override;
-    void loadProgram(uint32_t index) override;
-#endif
-
     // ---- state: the whole bank as base64 of the VST 2.4 chunk (host's main thread)
     void initState(uint32_t index, DISTRHO::State& state) override;
     DISTRHO::String getState(const char* key) const override;
