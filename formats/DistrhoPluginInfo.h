@@ -8,7 +8,13 @@
 #define DISTRHO_PLUGIN_BRAND_ID Zevs
 #define DISTRHO_PLUGIN_UNIQUE_ID Qwsn
 
-#define DISTRHO_PLUGIN_HAS_UI 0
+// The editor is the effect's own: an external UI to the framework, embedded in the host's window, with
+// the effect object at hand (so the bundle is one binary) and the one copy of the window layer its own.
+#define DISTRHO_PLUGIN_HAS_UI 1
+#define DISTRHO_PLUGIN_HAS_EXTERNAL_UI 1
+#define DISTRHO_PLUGIN_HAS_EMBED_UI 1
+#define DISTRHO_PLUGIN_WANT_DIRECT_ACCESS 1
+#define DISTRHO_UI_USER_RESIZABLE 0
 #define DISTRHO_PLUGIN_IS_RT_SAFE 1
 #define DISTRHO_PLUGIN_NUM_INPUTS 2
 #define DISTRHO_PLUGIN_NUM_OUTPUTS 2

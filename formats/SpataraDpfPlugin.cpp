@@ -1,13 +1,14 @@
 #include "SpataraDpfPlugin.h"
 
+#include "Base64.h"
 #include "FactoryPresets.h"
 #include "ParameterTable.h"
 #include "Spatara.h"
 #include "SpataraVersion.h"
 
-#include "extra/Base64.hpp"
-
+#include <cstdio>
 #include <cstring>
+#include <optional>
 #include <vector>
 
 namespace spatara
@@ -42,14 +43,23 @@ VstIntPtr SpataraDpfPlugin::dispatch(VstInt32 opcode, VstInt32 index, VstIntPtr 
     return vst->dispatcher(vst, opcode, index, value, ptr, opt);
 }
 
-VstIntPtr SpataraDpfPlugin::answer(AEffect* e, VstInt32 opcode, VstInt32, VstIntPtr, void*, float)
+VstIntPtr SpataraDpfPlugin::answer(AEffect* e, VstInt32 opcode, VstInt32 index, VstIntPtr, void*, float opt)
 {
     // Called from the effect's constructor too, before user is set: then only the version has an answer.
     const auto* self = e ? static_cast<const SpataraDpfPlugin*>(e->user) : nullptr;
+    EditListener* listener = self ? self->editListener : nullptr;
     switch (opcode)
     {
     case audioMasterVersion:
         return kVstVersion;
+    // Edits in the effect's editor, on the UI thread: the UI passes them on to the host.
+    case audioMasterAutomate:
+        if (listener) listener->parameterEdited(static_cast<uint32_t>(index), opt);
+        return 0;
+    case audioMasterBeginEdit:
+    case audioMasterEndEdit:
+        if (listener) listener->editGesture(static_cast<uint32_t>(index), opcode == audioMasterBeginEdit);
+        return 1;
     case audioMasterGetSampleRate:
         return self ? static_cast<VstIntPtr>(self->getSampleRate()) : 0;
     case audioMasterGetBlockSize:
@@ -153,6 +163,9 @@ void SpataraDpfPlugin::setParameterValue(uint32_t index, float value)
     }
 #endif
     if (!isParameter(static_cast<int>(index))) return;
+    // A port that shows what the effect already has changes nothing: an edit in the editor comes back
+    // from the host this way, and a restored bank meets the ports it was saved with.
+    if (getParameterValue(index) == value) return;
     vst->setParameter(vst, static_cast<VstInt32>(index),
                       parameterInfo(static_cast<int>(index)).fromUnit(value));
 }
@@ -172,23 +185,31 @@ DISTRHO::String SpataraDpfPlugin::getState(const char* key) const
     void* data = nullptr;
     const auto size = dispatch(effGetChunk, 0, 0, &data, 0.0f);
     if (size <= 0 || !data) return DISTRHO::String();
-    return DISTRHO::String::asBase64(data, static_cast<std::size_t>(size));
+    const auto* bytes = static_cast<const unsigned char*>(data);
+    return DISTRHO::String(base64Encode(std::vector<unsigned char>(bytes, bytes + size)).c_str());
 }
 
 void SpataraDpfPlugin::setState(const char* key, const char* value)
 {
     // An empty value is a fresh instance's default: the bank stays as the effect made it.
     if (std::strcmp(key, kBankKey) != 0 || !value || !*value) return;
-    std::vector<uint8_t> bytes = d_getChunkFromBase64String(value);
-    if (bytes.empty()) return;
-    // LV2 hosts restore a session into a running instance, where a VST 2.4 host gives the chunk before it
-    // switches the effect on. Switched off and on around it, the effect starts on the restored values
-    // instead of gliding to them, as it does there. No host runs the plug-in while it restores.
-    const bool wasActive = active;
-    if (wasActive) dispatch(effMainsChanged, 0, 0, nullptr, 0.0f);
-    // The effect checks the bytes and refuses a bad chunk, keeping its presets.
-    dispatch(effSetChunk, 0, static_cast<VstIntPtr>(bytes.size()), bytes.data(), 0.0f);
-    if (wasActive) dispatch(effMainsChanged, 0, 1, nullptr, 0.0f);
+    // The preferences' own base64, which refuses what is not base64 rather than skipping it.
+    std::optional<std::vector<unsigned char>> bytes = base64Decode(value);
+    bool taken = false;
+    if (bytes && !bytes->empty())
+    {
+        // LV2 hosts restore a session into a running instance, where a VST 2.4 host gives the chunk before
+        // it switches the effect on. Switched off and on around it, the effect starts on the restored values
+        // instead of gliding to them, as it does there. No host runs the plug-in while it restores.
+        const bool wasActive = active;
+        if (wasActive) dispatch(effMainsChanged, 0, 0, nullptr, 0.0f);
+        // The effect checks the bytes and refuses a bad chunk, keeping its presets.
+        taken = dispatch(effSetChunk, 0, static_cast<VstIntPtr>(bytes->size()), bytes->data(), 0.0f) == 0;
+        if (wasActive) dispatch(effMainsChanged, 0, 1, nullptr, 0.0f);
+    }
+    if (!taken)
+        std::fputs("ZEV Spatara: the bank in the saved state is damaged; the bank is kept as it was\n",
+                   stderr);
 }
 
 // ---------------------------------------------------------------- processing

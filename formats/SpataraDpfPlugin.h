@@ -3,6 +3,7 @@
 #pragma once
 
 #include "DistrhoPlugin.hpp"
+#include "EditListener.h"
 #include "ParameterMapping.h"
 #include "VstInterface.h"
 
@@ -22,6 +23,12 @@ class SpataraDpfPlugin : public DISTRHO::Plugin
     static constexpr uint32_t kMeterIndex = kNumParameters;
     // The host's bypass switch, after the meter, in the formats that have one (SPATARA_HOST_BYPASS).
     static constexpr uint32_t kBypassIndex = kMeterIndex + 1;
+
+    // ---- for the framework UI (host's UI thread)
+    // The effect, for its editor requests.
+    AEffect* vstEffect() const { return vst; }
+    // Who hears of edits made in the effect's editor; null for nobody.
+    void setEditListener(EditListener* listener) { editListener = listener; }
 
   protected:
     // ---- information (host's main thread)
@@ -62,5 +69,6 @@ class SpataraDpfPlugin : public DISTRHO::Plugin
     Spatara* effect = nullptr; // owned through its AEffect: effClose deletes it
     AEffect* vst = nullptr;
     bool active = false; // between activate and deactivate (host's main thread)
+    EditListener* editListener = nullptr;
 };
 } // namespace spatara

@@ -1,14 +1,15 @@
 # The VST3 and CLAP editions: the same adapter compiled with the framework's VST3 and CLAP wrappers.
 # The framework's dpf_add_plugin knows no CLAP target in this version, so both editions are put together
-# from the helpers it is made of: a module, the format's definition that selects the framework's wrapper,
-# and the format's list of exported symbols.
+# from the helpers it is made of: a module, the format's definition that selects the framework's wrappers
+# (plug-in and UI), and the format's list of exported symbols.
 set(DPF_ROOT_DIR "${DPF_ROOT}")
 include("${DPF_ROOT}/cmake/DPF-plugin.cmake")
 
-# FORMAT is vst3 or clap; the other arguments are the module's sources besides the adapter.
+# FORMAT is vst3 or clap; the other arguments are the module's sources besides the adapter and its editor.
 function(spatara_add_dpf_edition TARGET FORMAT)
-    dpf__add_module(${TARGET} SpataraDpfPlugin.cpp ${ARGN})
+    dpf__add_module(${TARGET} SpataraDpfPlugin.cpp SpataraDpfUI.cpp ${ARGN})
     dpf__add_plugin_target_definition(${TARGET} ${FORMAT})
+    dpf__add_ui_main(${TARGET} ${FORMAT} TRUE)
     dpf__set_module_export_list(${TARGET} ${FORMAT})
     target_include_directories(${TARGET} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
     target_include_directories(${TARGET} SYSTEM PRIVATE ${DPF_DISTRHO} ${DPF_DISTRHO}/src)

@@ -134,6 +134,11 @@ TEST_P(Lv2Edition, SoundsLikeTheVstPluginInEveryModeAndInBypass)
         EXPECT_GT(peak(expected), 0.1);
         EXPECT_LE(largestDifference(actual, expected), 1e-6)
             << "mode " << settings[kMode] << " process " << settings[kProcess] << " at " << rate;
+        // The meter output shows what the VST 2.4 plug-in reports on request.
+        float meter = 0.0f;
+        ASSERT_EQ(vst->dispatch(effVendorSpecific, CCONST('Z', 'v', 'M', 't'), 0, &meter), 1);
+        EXPECT_NE(meter, 0.0f);
+        EXPECT_EQ(lv2->control("meter"), meter);
     }
 }
 
@@ -264,4 +269,45 @@ TEST(Lv2State, AStateRestoredWhileRunningStartsOnItsValuesAsAReopenedVstPluginDo
               0);
     vst->start(44100.0f, kBlock);
     EXPECT_LE(largestDifference(restored, runVst(*vst, in)), 1e-6);
+}
+
+TEST(Lv2State, ADamagedBankIsRefusedWithOneLineAndTheBankKept)
+{
+    auto lv2 = loadLv2(44100.0);
+    ASSERT_TRUE(lv2);
+    ASSERT_TRUE(lv2->loadPreset("kick"));
+    runLv2(*lv2, testSignal(44100.0));
+    const auto bank = lv2Bank(*lv2);
+    const std::string saved = lv2->saveState();
+    const auto start = saved.find('"', saved.find("spatara#bank>"));
+    const auto end = saved.find('"', start + 1);
+    ASSERT_NE(end, std::string::npos) << saved;
+    for (const std::string& damaged : {std::string("AAAA!!AAAA"), std::string("\xc3\xa9t\xc3\xa9"),
+                                       std::string("AAAAAm5zd1Fu"), std::string("QUJD=QUJD")})
+    {
+        ::testing::internal::CaptureStderr();
+        ASSERT_TRUE(lv2->restoreState(saved.substr(0, start + 1) + damaged + saved.substr(end)));
+        const std::string said = ::testing::internal::GetCapturedStderr();
+        EXPECT_EQ(said, "ZEV Spatara: the bank in the saved state is damaged; the bank is kept as it was\n")
+            << damaged;
+        EXPECT_EQ(lv2Bank(*lv2), bank) << damaged;
+    }
+}
+
+TEST(Lv2Edition, AMonoInputOnBothPortsSoundsAsTheVstPluginsMonoInput)
+{
+    const Stereo in = testSignal(44100.0);
+    const Settings settings{0.75f, 0.25f, 0.5f, 1.0f, 0.0f, 0.5f};
+    auto lv2 = loadLv2(44100.0);
+    auto vst = loadVst(44100.0);
+    ASSERT_TRUE(lv2 && vst);
+    setLv2(*lv2, settings);
+    setVst(*vst, settings);
+    Stereo actual{std::vector<float>(in.left.size()), std::vector<float>(in.left.size())};
+    lv2->processMono(in.left.data(), actual.left.data(), actual.right.data(),
+                     static_cast<uint32_t>(in.left.size()));
+    // The VST 2.4 plug-in's mono input: one buffer on both of its inputs.
+    const Stereo expected = runVst(*vst, in, true);
+    EXPECT_GT(peak(expected), 0.1);
+    EXPECT_LE(largestDifference(actual, expected), 1e-6);
 }

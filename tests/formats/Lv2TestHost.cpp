@@ -228,11 +228,23 @@ void Lv2TestHost::resetAtomPorts()
 
 void Lv2TestHost::process(const float* inL, const float* inR, float* outL, float* outR, uint32_t frames)
 {
+    run(inL, inR, outL, outR, frames, false);
+}
+
+void Lv2TestHost::processMono(const float* in, float* outL, float* outR, uint32_t frames)
+{
+    run(in, in, outL, outR, frames, true);
+}
+
+void Lv2TestHost::run(const float* inL, const float* inR, float* outL, float* outR, uint32_t frames,
+                      bool mono)
+{
     if (!active)
     {
         lilv_instance_activate(instance);
         active = true;
     }
+    lilv_instance_connect_port(instance, audioIn[1], audioBuffers[mono ? 0 : 1].data());
     const std::size_t outs = audioIn.size();
     for (uint32_t done = 0; done < frames;)
     {

@@ -38,6 +38,8 @@ class Lv2TestHost
 
     // ---- processing: activates on first use, runs in blocks of at most the block size
     void process(const float* inL, const float* inR, float* outL, float* outR, uint32_t frames);
+    // One buffer on both inputs, as a host feeds a mono track to a stereo plug-in.
+    void processMono(const float* in, float* outL, float* outR, uint32_t frames);
 
     // ---- presets: their labels, and loading one as a host does (its port values and state)
     std::vector<std::string> presetLabels() const;
@@ -58,6 +60,7 @@ class Lv2TestHost
     static const void* portValue(const char* symbol, void* self, uint32_t* size, uint32_t* type);
     static void setPortValue(const char* symbol, void* self, const void* value, uint32_t size, uint32_t type);
     void resetAtomPorts();
+    void run(const float* inL, const float* inR, float* outL, float* outR, uint32_t frames, bool mono);
     // Calls visit with every preset of the plug-in that has a label.
     void forEachPreset(const std::function<void(const LilvNode*, const std::string&)>& visit) const;
 

@@ -49,14 +49,14 @@ void setVst(VstPluginHost& host, const Settings& settings)
         host.effect()->setParameter(host.effect(), i, settings[i]);
 }
 
-Stereo runVst(VstPluginHost& host, const Stereo& in)
+Stereo runVst(VstPluginHost& host, const Stereo& in, bool mono)
 {
     Stereo out{std::vector<float>(in.left.size()), std::vector<float>(in.left.size())};
     for (std::size_t done = 0; done < in.left.size(); done += kBlock)
     {
         const auto n = static_cast<VstInt32>(std::min<std::size_t>(kBlock, in.left.size() - done));
-        float* inputs[2] = {const_cast<float*>(in.left.data() + done),
-                            const_cast<float*>(in.right.data() + done)};
+        float* left = const_cast<float*>(in.left.data() + done);
+        float* inputs[2] = {left, mono ? left : const_cast<float*>(in.right.data() + done)};
         float* outputs[2] = {out.left.data() + done, out.right.data() + done};
         host.effect()->processReplacing(host.effect(), inputs, outputs, n);
     }

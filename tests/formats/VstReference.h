@@ -30,7 +30,8 @@ Stereo testSignal(double rate);
 // does not load.
 std::unique_ptr<VstPluginHost> loadVst(double rate);
 void setVst(VstPluginHost& host, const Settings& settings);
-Stereo runVst(VstPluginHost& host, const Stereo& in);
+// mono: the left input on both of the plug-in's inputs, one buffer, as a host feeds a mono track.
+Stereo runVst(VstPluginHost& host, const Stereo& in, bool mono = false);
 std::vector<unsigned char> vstChunk(VstPluginHost& host);
 double largestDifference(const Stereo& a, const Stereo& b);
 double peak(const Stereo& s);

@@ -1,0 +1,17 @@
+// What the plug-in tells the framework UI about edits made in the effect's own editor (host's UI thread).
+#pragma once
+
+#include <cstdint>
+
+namespace spatara
+{
+class EditListener
+{
+  public:
+    virtual ~EditListener() = default;
+    // The editor set parameter index to a normalised value.
+    virtual void parameterEdited(uint32_t index, float normalised) = 0;
+    // A gesture on parameter index starts (true) or ends (false).
+    virtual void editGesture(uint32_t index, bool started) = 0;
+};
+} // namespace spatara

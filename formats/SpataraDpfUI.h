@@ -1,0 +1,43 @@
+// The effect's own editor, preset panel included, as the framework's UI: an external UI in the framework's
+// terms, so that the one copy of the window layer is the editor's. The editor opens in the host's window
+// through the effect's VST 2.4 editor requests, and is driven by the host's idle.
+#pragma once
+
+#include "DistrhoUI.hpp"
+#include "EditListener.h"
+#include "VstInterface.h"
+
+namespace spatara
+{
+class SpataraDpfPlugin;
+
+class SpataraDpfUI : public DISTRHO::UI, private EditListener
+{
+  public:
+    SpataraDpfUI();
+    ~SpataraDpfUI() override;
+    SpataraDpfUI(const SpataraDpfUI&) = delete;
+    SpataraDpfUI& operator=(const SpataraDpfUI&) = delete;
+
+    // The editor's window, which the host shows inside its own (host's UI thread).
+    uintptr_t getNativeWindowHandle() const noexcept override;
+
+  protected:
+    // ---- from the host (host's UI thread)
+    // The effect already tells its editor about every parameter change; nothing to add here.
+    void parameterChanged(uint32_t, float) override {}
+    void stateChanged(const char*, const char*) override {}
+    void uiIdle() override;
+
+  private:
+    // ---- from the editor (host's UI thread): to the host, in real units
+    void parameterEdited(uint32_t index, float normalised) override;
+    void editGesture(uint32_t index, bool started) override;
+
+    VstIntPtr dispatch(VstInt32 opcode, void* ptr = nullptr) const;
+
+    SpataraDpfPlugin* plugin = nullptr;
+    AEffect* vst = nullptr;
+    bool open = false;
+};
+} // namespace spatara
