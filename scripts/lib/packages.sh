@@ -14,6 +14,7 @@ SPATARA_TEST_PACKAGES=(
     xvfb xdotool imagemagick x11-utils zenity sox
     ardour python3 # the plug-in's proof in Ardour, tests/host
     lilv-utils sordi jalv # lv2info, lv2_validate (its sord_validate is in sordi), an LV2 host with UIs
+    qtractor # its plug-in scanner lists the CLAP edition
 )
 
 # What scripts/release-check needs beyond the build: Debian's package checker.
