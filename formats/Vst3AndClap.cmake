@@ -20,7 +20,8 @@ function(spatara_add_dpf_edition TARGET FORMAT)
 endfunction()
 
 # Spatara.vst3/Contents/x86_64-linux/Spatara.so, the layout VST3 hosts look for.
-dpf__determine_vst3_package_architecture(SPATARA_VST3_ARCH)
+dpf__determine_vst3_package_architecture(vst3_arch)
+set(SPATARA_VST3_ARCH "${vst3_arch}" CACHE INTERNAL "The VST3 bundle's name for this machine's architecture")
 set(SPATARA_VST3_BUNDLE "${PROJECT_BINARY_DIR}/vst3/Spatara.vst3" CACHE INTERNAL "The VST3 bundle in the build tree")
 spatara_add_dpf_edition(Spatara_vst3 vst3 "${DPF_DISTRHO}/DistrhoPluginMain.cpp")
 set_target_properties(Spatara_vst3 PROPERTIES
