@@ -13,5 +13,7 @@ class EditListener
     virtual void parameterEdited(uint32_t index, float normalised) = 0;
     // A gesture on parameter index starts (true) or ends (false).
     virtual void editGesture(uint32_t index, bool started) = 0;
+    // The effect's parameters may have changed without an edit: a preset was chosen or a bank loaded.
+    virtual void parametersChanged() = 0;
 };
 } // namespace spatara

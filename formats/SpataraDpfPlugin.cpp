@@ -60,6 +60,9 @@ VstIntPtr SpataraDpfPlugin::answer(AEffect* e, VstInt32 opcode, VstInt32 index, 
     case audioMasterEndEdit:
         if (listener) listener->editGesture(static_cast<uint32_t>(index), opcode == audioMasterBeginEdit);
         return 1;
+    case audioMasterUpdateDisplay:
+        if (listener) listener->parametersChanged();
+        return 1;
     case audioMasterGetSampleRate:
         return self ? static_cast<VstIntPtr>(self->getSampleRate()) : 0;
     case audioMasterGetBlockSize:

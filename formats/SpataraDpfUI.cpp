@@ -55,10 +55,27 @@ void SpataraDpfUI::uiIdle()
     if (open) dispatch(effEditIdle);
 }
 
+void SpataraDpfUI::parameterChanged(uint32_t index, float value)
+{
+    if (isParameter(static_cast<int>(index))) ports[index] = value;
+}
+
 void SpataraDpfUI::parameterEdited(uint32_t index, float normalised)
 {
-    if (isParameter(static_cast<int>(index)))
-        setParameterValue(index, parameterInfo(static_cast<int>(index)).toUnit(normalised));
+    if (!isParameter(static_cast<int>(index))) return;
+    ports[index] = parameterInfo(static_cast<int>(index)).toUnit(normalised);
+    setParameterValue(index, ports[index]);
+}
+
+void SpataraDpfUI::parametersChanged()
+{
+    for (uint32_t index = 0; index < kNumParameters; ++index)
+    {
+        const float value = parameterInfo(static_cast<int>(index)).toUnit(vst->getParameter(vst, index));
+        if (value == ports[index]) continue;
+        ports[index] = value;
+        setParameterValue(index, value);
+    }
 }
 
 void SpataraDpfUI::editGesture(uint32_t index, bool started)

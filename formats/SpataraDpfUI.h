@@ -5,6 +5,7 @@
 
 #include "DistrhoUI.hpp"
 #include "EditListener.h"
+#include "ParameterMapping.h"
 #include "VstInterface.h"
 
 namespace spatara
@@ -24,8 +25,8 @@ class SpataraDpfUI : public DISTRHO::UI, private EditListener
 
   protected:
     // ---- from the host (host's UI thread)
-    // The effect already tells its editor about every parameter change; nothing to add here.
-    void parameterChanged(uint32_t, float) override {}
+    // The effect already tells its editor about every parameter change; the UI only notes the port.
+    void parameterChanged(uint32_t index, float value) override;
     void stateChanged(const char*, const char*) override {}
     void uiIdle() override;
 
@@ -33,11 +34,14 @@ class SpataraDpfUI : public DISTRHO::UI, private EditListener
     // ---- from the editor (host's UI thread): to the host, in real units
     void parameterEdited(uint32_t index, float normalised) override;
     void editGesture(uint32_t index, bool started) override;
+    // Brings the host's ports to what the effect now has, after a preset was chosen in the editor's panel.
+    void parametersChanged() override;
 
     VstIntPtr dispatch(VstInt32 opcode, void* ptr = nullptr) const;
 
     SpataraDpfPlugin* plugin = nullptr;
     AEffect* vst = nullptr;
     bool open = false;
+    float ports[kNumParameters] = {}; // the host's port values as last heard or told, in real units
 };
 } // namespace spatara

@@ -14,6 +14,9 @@ function(spatara_add_dpf_edition TARGET FORMAT)
     target_include_directories(${TARGET} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
     target_include_directories(${TARGET} SYSTEM PRIVATE ${DPF_DISTRHO} ${DPF_DISTRHO}/src)
     target_link_libraries(${TARGET} PRIVATE spatara_effect spatara_version dl)
+    # The wrappers name one class of the window layer (the CLAP one's idle callback): the editor's, so the
+    # module holds no name of a second window layer.
+    target_compile_definitions(${TARGET} PRIVATE DGL_NAMESPACE=SpataraDGL DONT_SET_USING_DGL_NAMESPACE)
     target_link_options(${TARGET} PRIVATE $<$<NOT:$<BOOL:${SPATARA_BUILD_FUZZ}>>:-Wl,--no-undefined>
                         -static-libstdc++ -static-libgcc)
     set_target_properties(${TARGET} PROPERTIES PREFIX "" OUTPUT_NAME "Spatara")

@@ -54,6 +54,7 @@ std::uint32_t firstNotBelow(float (*toUnit)(float), float u, bool orAbove)
 // are written with round numbers, and so each comes back as it was stored.
 float invert(float (*toUnit)(float), float u)
 {
+    if (std::isnan(u)) return 0.0f; // no value: the bottom of the range
     u = std::clamp(u, toUnit(0.0f), toUnit(1.0f));
     const std::uint32_t first = firstNotBelow(toUnit, u, false);
     const std::uint32_t past = firstNotBelow(toUnit, u, true);
@@ -90,8 +91,8 @@ float toggleBack(float u)
 
 float modeBack(float u)
 {
-    // The enumeration's 0, 1, 2 are the normalised 0, 0.5, 1 that presets store.
-    return std::clamp(std::round(u), 0.0f, 2.0f) * 0.5f;
+    // The enumeration's 0, 1, 2 are the normalised 0, 0.5, 1 that presets store; no value is the first.
+    return std::isnan(u) ? 0.0f : std::clamp(std::round(u), 0.0f, 2.0f) * 0.5f;
 }
 
 void depthDisplay(float v, float, char* text)

@@ -5,7 +5,9 @@
 #   b. a port change made by the host (a preset from jalv's menu) moves the editor's depth slider to where
 #      the host's depth port then is (read from the state jalv saves: File, Save);
 #   c. a drag of the depth slider changes the host's depth port: the state jalv saves then holds a depth
-#      port of about 50 %, the value the bank's current preset holds.
+#      port of about 50 %, the value the bank's current preset holds;
+#   d. two steps on in the editor's own preset panel ("enhanced mix 2"), the host's ports follow: the state
+#      jalv saves holds a depth port of 35 %, the value of that preset.
 # Usage: jalv-editor-test.sh PATH/Spatara.lv2 OUTPUT-FOLDER
 # Exits 0 when all holds, 1 on the first failure, 77 when jalv.gtk3 or jackd is not installed.
 set -euo pipefail
@@ -23,6 +25,8 @@ readonly PRESET_ROW=25
 readonly DEPTH_ROW_Y=59
 readonly DEPTH_LEFT=63
 readonly DEPTH_TRAVEL=162
+# The preset panel's "next preset" arrow in the editor.
+readonly NEXT_PRESET=(242 228)
 
 fail() {
     echo "FAIL: $*" >&2
@@ -47,6 +51,8 @@ finish() {
     local pid
     for pid in "${pids[@]}"; do kill "$pid" 2> /dev/null || true; done
     for pid in "${pids[@]}"; do wait "$pid" 2> /dev/null || true; done
+    # The semaphores of our server's clients outlive them; they carry the server's name.
+    rm -f /dev/shm/jack_sem.*"_${JACK_DEFAULT_SERVER}_"*
 }
 trap finish EXIT
 
@@ -163,4 +169,11 @@ saved="$(saved_depth dragged-state)" || fail "the state jalv saved after the dra
 read -r port stored <<< "$saved"
 echo "  c. dragged to $(slider_value dragged): jalv's depth port is $port %, the preset's depth $stored"
 awk "BEGIN {exit !($port >= 45 && $port <= 55)}" || fail "the drag did not bring the depth port to about 50 %"
-echo "PASS: jalv shows the editor, moves its slider with the port and takes the port from its slider"
+click "$((ex + NEXT_PRESET[0]))" "$((ey + NEXT_PRESET[1]))"
+click "$((ex + NEXT_PRESET[0]))" "$((ey + NEXT_PRESET[1]))"
+shot panel
+saved="$(saved_depth panel-state)" || fail "the host's ports did not follow the preset chosen in the editor's panel"
+read -r port stored <<< "$saved"
+echo "  d. two presets on in the editor's panel: jalv's depth port is $port %, the preset's depth $stored"
+awk "BEGIN {exit !($stored > 0.3499 && $stored < 0.3501)}" || fail "the panel did not step to \"enhanced mix 2\""
+echo "PASS: jalv shows the editor, moves its slider with the port, takes the port from the slider and follows its preset panel"

@@ -3,6 +3,7 @@
 #include "FactoryPresets.h"
 
 #include <cctype>
+#include <cmath>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <set>
@@ -95,6 +96,9 @@ TEST(ParameterTable, UnitValuesOutsideTheRangeAreClampedIntoIt)
     EXPECT_EQ(parameterInfo(kDepth).fromUnit(150.0f), 1.0f);
     EXPECT_EQ(parameterInfo(kBaseFreq).fromUnit(5.0f), 0.0f);
     EXPECT_EQ(parameterInfo(kMode).fromUnit(7.0f), 1.0f);
+    // A host may send anything: not even a number lands at the bottom of the range.
+    for (int i = 0; i < kNumParameters; ++i)
+        EXPECT_EQ(parameterInfo(i).fromUnit(std::nanf("")), 0.0f);
 }
 
 TEST(ParameterTable, DisplaysAreTheVstDisplays)
