@@ -8,12 +8,20 @@
 
 namespace
 {
-// ---- the host's side: no extensions, requests ignored (the tests drive everything themselves)
-const void* hostExtension(const clap_host_t*, const char*)
-{
-    return nullptr;
-}
+// ---- the host's side: requests are ignored (the tests drive everything themselves), the editor may ask
+// for nothing but timers
 void hostRequest(const clap_host_t*) {}
+void hintsChanged(const clap_host_t*) {}
+bool refuseResize(const clap_host_t*, uint32_t, uint32_t)
+{
+    return false;
+}
+bool refuseRequest(const clap_host_t*)
+{
+    return false;
+}
+void editorClosed(const clap_host_t*, bool) {}
+const clap_host_gui_t kHostGui = {hintsChanged, refuseResize, refuseRequest, refuseRequest, editorClosed};
 
 // ---- event lists over a vector of parameter events
 uint32_t eventCount(const clap_input_events_t* list)
@@ -62,7 +70,7 @@ ClapTestHost::ClapTestHost()
     host.vendor = "ZEV Sound Design";
     host.url = "https://zev-sound.example";
     host.version = "1";
-    host.get_extension = hostExtension;
+    host.get_extension = &ClapTestHost::hostExtension;
     host.request_restart = hostRequest;
     host.request_process = hostRequest;
     host.request_callback = hostRequest;
@@ -110,8 +118,34 @@ bool ClapTestHost::create(const std::string& path, std::string& error)
     return true;
 }
 
+const void* ClapTestHost::hostExtension(const clap_host_t*, const char* id)
+{
+    static const clap_host_timer_support_t timerSupport = {registerTimer, unregisterTimer};
+    if (std::strcmp(id, CLAP_EXT_GUI) == 0) return &kHostGui;
+    if (std::strcmp(id, CLAP_EXT_TIMER_SUPPORT) == 0) return &timerSupport;
+    return nullptr;
+}
+
+bool ClapTestHost::registerTimer(const clap_host_t* host, uint32_t, clap_id* id)
+{
+    auto* self = static_cast<ClapTestHost*>(host->host_data);
+    *id = self->nextTimer++;
+    self->timers.push_back(*id);
+    return true;
+}
+
+bool ClapTestHost::unregisterTimer(const clap_host_t* host, clap_id id)
+{
+    auto* self = static_cast<ClapTestHost*>(host->host_data);
+    const auto found = std::find(self->timers.begin(), self->timers.end(), id);
+    if (found == self->timers.end()) return false;
+    self->timers.erase(found);
+    return true;
+}
+
 ClapTestHost::~ClapTestHost()
 {
+    if (editorOpen) closeEditor();
     if (plugin)
     {
         if (active)
@@ -253,4 +287,51 @@ bool ClapTestHost::restoreState(const std::vector<uint8_t>& bytes)
     const auto* state = static_cast<const clap_plugin_state_t*>(extension(CLAP_EXT_STATE));
     const clap_istream_t stream{&reading, readBytes};
     return state && state->load(plugin, &stream);
+}
+
+// ---------------------------------------------------------------- the editor
+
+const clap_plugin_gui_t* ClapTestHost::gui() const
+{
+    return static_cast<const clap_plugin_gui_t*>(extension(CLAP_EXT_GUI));
+}
+
+bool ClapTestHost::openEditor(unsigned long parent, uint32_t& width, uint32_t& height, std::string& error)
+{
+    const clap_plugin_gui_t* g = gui();
+    if (!g || !g->is_api_supported(plugin, CLAP_WINDOW_API_X11, false))
+    {
+        error = "the plug-in offers no embedded X11 editor";
+        return false;
+    }
+    if (!g->create(plugin, CLAP_WINDOW_API_X11, false))
+    {
+        error = "the editor could not be created";
+        return false;
+    }
+    editorOpen = true;
+    clap_window_t window{};
+    window.api = CLAP_WINDOW_API_X11;
+    window.x11 = parent;
+    if (!g->get_size(plugin, &width, &height) || !g->set_parent(plugin, &window) || !g->show(plugin))
+    {
+        error = "the editor refused its size, its parent or to show";
+        return false;
+    }
+    return true;
+}
+
+void ClapTestHost::idleEditor()
+{
+    const auto* timer = static_cast<const clap_plugin_timer_support_t*>(extension(CLAP_EXT_TIMER_SUPPORT));
+    for (clap_id id : std::vector<clap_id>(timers))
+        if (timer) timer->on_timer(plugin, id);
+}
+
+void ClapTestHost::closeEditor()
+{
+    const clap_plugin_gui_t* g = gui();
+    g->hide(plugin);
+    g->destroy(plugin);
+    editorOpen = false;
 }

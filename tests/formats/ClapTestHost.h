@@ -1,13 +1,16 @@
 // A small CLAP host for the tests, on the CLAP headers the framework carries: loads one .clap, creates its
-// single plug-in, reads its parameters and their texts, sends parameter events with the audio, and saves
-// and restores its state through streams, as a host does with a project.
+// single plug-in, reads its parameters and their texts, sends parameter events with the audio, saves and
+// restores its state through streams, as a host does with a project, and embeds the plug-in's editor in an
+// X11 window of its own, idling it through the timers the plug-in asks for.
 #pragma once
 
 #include "clap/entry.h"
 #include "clap/events.h"
 #include "clap/ext/audio-ports.h"
+#include "clap/ext/gui.h"
 #include "clap/ext/params.h"
 #include "clap/ext/state.h"
+#include "clap/ext/timer-support.h"
 #include "clap/host.h"
 #include "clap/plugin-factory.h"
 
@@ -52,8 +55,19 @@ class ClapTestHost
     std::vector<uint8_t> saveState() const;
     bool restoreState(const std::vector<uint8_t>& bytes);
 
+    // ---- the editor, embedded in the X11 window parent (host's main thread)
+    // Creates and shows it; its size in width and height. False and a reason on failure.
+    bool openEditor(unsigned long parent, uint32_t& width, uint32_t& height, std::string& error);
+    // Fires the timers the plug-in registered, as a host's main loop does.
+    void idleEditor();
+    void closeEditor();
+
   private:
     ClapTestHost();
+    static const void* hostExtension(const clap_host_t* host, const char* id);
+    static bool registerTimer(const clap_host_t* host, uint32_t periodMs, clap_id* id);
+    static bool unregisterTimer(const clap_host_t* host, clap_id id);
+    const clap_plugin_gui_t* gui() const;
     bool create(const std::string& path, std::string& error);
     void activate();
     const clap_plugin_params_t* params() const;
@@ -66,4 +80,7 @@ class ClapTestHost
     bool active = false;
     clap_host_t host{};
     std::vector<clap_event_param_value_t> queued;
+    std::vector<clap_id> timers;
+    clap_id nextTimer = 1;
+    bool editorOpen = false;
 };
