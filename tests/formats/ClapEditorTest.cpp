@@ -120,6 +120,29 @@ TEST_F(ClapEditor, FollowsTheHostsParameterChanges)
     EXPECT_GT(changed, 100u) << "the editor did not show the host's change";
 }
 
+TEST_F(ClapEditor, ADragOfItsDepthSliderReachesTheHost)
+{
+    open(std::chrono::milliseconds(400));
+    const clap_id depth = host->parameterId("depth");
+    // The depth slider's handle sits at its left end on the init preset; drag it half way.
+    ASSERT_TRUE(
+        X11TestWindow::xdotool("mousemove 70 59 mousedown 1 mousemove 110 59 mousemove 152 59 mouseup 1"));
+    idle(*host, std::chrono::milliseconds(300));
+    const vstreference::Stereo in = vstreference::testSignal(44100.0);
+    const vstreference::Stereo slice{
+        std::vector<float>(in.left.begin(), in.left.begin() + vstreference::kBlock),
+        std::vector<float>(in.right.begin(), in.right.begin() + vstreference::kBlock)};
+    vstreference::Stereo out = slice;
+    host->process(slice.left.data(), slice.right.data(), out.left.data(), out.right.data(),
+                  vstreference::kBlock);
+    double last = -1.0;
+    for (const auto& [id, value] : host->reportedValues())
+        if (id == depth) last = value;
+    EXPECT_GT(last, 20.0) << "no depth edit reached the host";
+    EXPECT_LT(last, 80.0);
+    EXPECT_EQ(host->value(depth), last);
+}
+
 TEST_F(ClapEditor, ClosesAndOpensAgain)
 {
     for (int round = 0; round < 3; ++round)

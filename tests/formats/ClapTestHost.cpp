@@ -33,9 +33,16 @@ const clap_event_header_t* eventAt(const clap_input_events_t* list, uint32_t ind
 {
     return &(*static_cast<const std::vector<clap_event_param_value_t>*>(list->ctx))[index].header;
 }
-// The plug-in's output events (the meter) are accepted and dropped.
-bool dropEvent(const clap_output_events_t*, const clap_event_header_t*)
+// The plug-in's output events: parameter values are kept (the editor's edits, the meter), the rest dropped.
+bool keepEvent(const clap_output_events_t* list, const clap_event_header_t* event)
 {
+    if (event->space_id == CLAP_CORE_EVENT_SPACE_ID && event->type == CLAP_EVENT_PARAM_VALUE &&
+        event->size >= sizeof(clap_event_param_value_t))
+    {
+        const auto* value = reinterpret_cast<const clap_event_param_value_t*>(event);
+        static_cast<std::vector<std::pair<clap_id, double>>*>(list->ctx)->emplace_back(value->param_id,
+                                                                                       value->value);
+    }
     return true;
 }
 
@@ -237,7 +244,7 @@ void ClapTestHost::queueValue(clap_id id, double value)
 void ClapTestHost::flush()
 {
     const clap_input_events_t in{&queued, eventCount, eventAt};
-    const clap_output_events_t out{nullptr, dropEvent};
+    const clap_output_events_t out{&reported, keepEvent};
     params()->flush(plugin, &in, &out);
     queued.clear();
 }
@@ -262,7 +269,7 @@ void ClapTestHost::process(const float* inL, const float* inR, float* outL, floa
         const clap_audio_buffer_t in{inputs, nullptr, 2, 0, 0};
         clap_audio_buffer_t out{outputs, nullptr, 2, 0, 0};
         const clap_input_events_t events{&queued, eventCount, eventAt};
-        const clap_output_events_t outEvents{nullptr, dropEvent};
+        const clap_output_events_t outEvents{&reported, keepEvent};
         const clap_process_t process{
             static_cast<int64_t>(done), n, nullptr, &in, &out, 1, 1, &events, &outEvents};
         EXPECT_EQ(plugin->process(plugin, &process), CLAP_PROCESS_CONTINUE);

@@ -17,6 +17,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 class ClapTestHost
@@ -47,6 +48,8 @@ class ClapTestHost
     void queueValue(clap_id id, double value);
     // Hands the queued changes over without audio, as a host does while the plug-in is not processing.
     void flush();
+    // The values the plug-in reported as output events (its editor's edits, the meter), oldest first.
+    const std::vector<std::pair<clap_id, double>>& reportedValues() const { return reported; }
 
     // ---- processing: activates on first use, runs in blocks of at most the block size
     void process(const float* inL, const float* inR, float* outL, float* outR, uint32_t frames);
@@ -80,6 +83,7 @@ class ClapTestHost
     bool active = false;
     clap_host_t host{};
     std::vector<clap_event_param_value_t> queued;
+    std::vector<std::pair<clap_id, double>> reported;
     std::vector<clap_id> timers;
     clap_id nextTimer = 1;
     bool editorOpen = false;
