@@ -7,7 +7,8 @@
 #      recorded equals spatara-render's rendering of the take through the VST 2.4 plug-in with the same
 #      normalised values;
 #   c. the saved session holds the bank, byte for byte the VST 2.4 plug-in's chunk for the same state, and
-#      a second Ardour run reopens the session with the same parameters, the same audio and the same bank.
+#      a second Ardour run reopens the session with the same parameters, the same audio and the same bank;
+#   d. with the host's bypass on, the take passes untouched and the balance meter still moves.
 # Usage: ardour-vst3-proof.sh PATH/Spatara.vst3 PATH/Spatara.so PATH/spatara-render
 # Exits 0 when everything holds, 1 with a message on the first failure, 77 when Ardour is not installed.
 set -euo pipefail
@@ -54,6 +55,18 @@ prove_edition_playback 1e-6
 
 step "c. the session holds the bank, and a reopened session has the same state"
 prove_edition_state 1e-6
+
+step "d. the host's bypass turns the effect's process off: the audio passes untouched, the meter moves"
+run_ardour "$work/bypassed.log" "$here/record-and-bounce.lua" "$work/bypassed" "$edition_id" "$RECORD_SECONDS" \
+    "${units[@]/Bypass=0/Bypass=1}"
+stereo "$work/bypassed.log" take "$work/bypassed-take.wav"
+stereo "$work/bypassed.log" bounced "$work/bypassed.wav"
+tool compare "$work/bypassed-take.wav" "$work/bypassed.wav" --label "bounce with the host's bypass on" \
+    --expect-offset 0 --max-abs 0 --max-relative 0
+meter="$(proof_line "$work/bypassed.log" "output meter" | awk '{print $4}')"
+echo "  the balance meter after the bounce: $meter"
+awk -v m="$meter" 'BEGIN { exit !(m > 0.01 || m < -0.01) }' || fail "the balance meter stood still while bypassed"
+echo "  ok: the plug-in ran while bypassed, its meter moved"
 
 version="$(ardour7-lua --version 2>&1 | head -n 1 | awk '{print $NF}')"
 echo "PASS: Ardour $version scans, runs, saves and reopens the VST3 edition of $NAME as the VST 2.4 plug-in"

@@ -151,5 +151,17 @@ for c = 0, bounced:n_channels() - 1 do
 	print(string.format("PROOF bounced %d %s", c, bounced:source(c):to_filesource():path()))
 end
 
+-- The plug-in's own outputs (the balance meter) as the bounce left them, numbered among the controls.
+local control = 0
+for port = 0, plugin:parameter_count() - 1 do
+	if plugin:parameter_is_control(port) then
+		if plugin:parameter_is_output(port) then
+			print(string.format("PROOF output %s %.9g", plugin:parameter_label(port),
+				ARDOUR.LuaAPI.get_plugin_insert_param(insert, control)))
+		end
+		control = control + 1
+	end
+end
+
 assert(Session:save_state("", false, false, false, false, false) == 0, "cannot save the session")
 print("PROOF saved")
