@@ -18,9 +18,10 @@ namespace
 constexpr const char* kBankKey = "bank";
 constexpr int kMeterCount = 1;
 constexpr int kStateCount = 1;
+constexpr int kHostBypassCount = SPATARA_HOST_BYPASS;
 } // namespace
 
-SpataraDpfPlugin::SpataraDpfPlugin() : Plugin(kNumParameters + kMeterCount, 0, kStateCount)
+SpataraDpfPlugin::SpataraDpfPlugin() : Plugin(kNumParameters + kMeterCount + kHostBypassCount, 0, kStateCount)
 {
     effect = new Spatara(&SpataraDpfPlugin::answer);
     vst = effect->getAeffect();
@@ -110,6 +111,13 @@ void SpataraDpfPlugin::initParameter(uint32_t index, DISTRHO::Parameter& paramet
         parameter.ranges = DISTRHO::ParameterRanges(0.0f, -0.5f, 0.5f);
         return;
     }
+#if SPATARA_HOST_BYPASS
+    if (index == kBypassIndex)
+    {
+        parameter.initDesignation(DISTRHO::kParameterDesignationBypass);
+        return;
+    }
+#endif
     if (!isParameter(static_cast<int>(index))) return;
     const ParameterInfo& info = parameterInfo(static_cast<int>(index));
     parameter.hints = DISTRHO::kParameterIsAutomatable;
@@ -120,7 +128,8 @@ void SpataraDpfPlugin::initParameter(uint32_t index, DISTRHO::Parameter& paramet
     parameter.unit = info.unit;
     parameter.ranges =
         DISTRHO::ParameterRanges(info.toUnit(kFactoryPresets[0].values[index]), info.minimum, info.maximum);
-    if (info.kind == ParameterKind::Enumeration)
+    // Toggles and the mode show the words the VST 2.4 plug-in shows.
+    if (info.valueNames)
     {
         auto* values = new DISTRHO::ParameterEnumerationValue[info.valueNameCount];
         for (int i = 0; i < info.valueNameCount; ++i)
@@ -137,6 +146,11 @@ void SpataraDpfPlugin::initParameter(uint32_t index, DISTRHO::Parameter& paramet
 float SpataraDpfPlugin::getParameterValue(uint32_t index) const
 {
     if (index == kMeterIndex) return effect->getStereoMeter();
+#if SPATARA_HOST_BYPASS
+    // Bypassed is the effect's "process" off.
+    if (index == kBypassIndex)
+        return switchFromNormalised(vst->getParameter(vst, kProcess)) >= 0.5f ? 0.0f : 1.0f;
+#endif
     if (!isParameter(static_cast<int>(index))) return 0.0f;
     return parameterInfo(static_cast<int>(index))
         .toUnit(vst->getParameter(vst, static_cast<VstInt32>(index)));
@@ -144,6 +158,13 @@ float SpataraDpfPlugin::getParameterValue(uint32_t index) const
 
 void SpataraDpfPlugin::setParameterValue(uint32_t index, float value)
 {
+#if SPATARA_HOST_BYPASS
+    if (index == kBypassIndex)
+    {
+        vst->setParameter(vst, kProcess, value > 0.5f ? 0.0f : 1.0f);
+        return;
+    }
+#endif
     if (!isParameter(static_cast<int>(index))) return;
     // A port that shows what the effect already has changes nothing: an edit in the editor comes back
     // from the host this way, and a restored bank meets the ports it was saved with.

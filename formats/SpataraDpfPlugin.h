@@ -21,6 +21,8 @@ class SpataraDpfPlugin : public DISTRHO::Plugin
 
     // The parameter index of the balance meter, after the six parameters.
     static constexpr uint32_t kMeterIndex = kNumParameters;
+    // The host's bypass switch, after the meter, in the formats that have one (SPATARA_HOST_BYPASS).
+    static constexpr uint32_t kBypassIndex = kMeterIndex + 1;
 
     // ---- for the framework UI (host's UI thread)
     // The effect, for its editor requests.
@@ -33,7 +35,7 @@ class SpataraDpfPlugin : public DISTRHO::Plugin
     const char* getLabel() const override { return "Spatara"; }
     const char* getDescription() const override;
     const char* getMaker() const override { return "ZEV Sound Design"; }
-    const char* getHomePage() const override { return "https://zev-sound.example/spatara"; }
+    const char* getHomePage() const override { return SPATARA_HOME_PAGE; }
     const char* getLicense() const override { return "https://zev-sound.example/spatara/LICENSE"; }
     uint32_t getVersion() const override;
     int64_t getUniqueId() const override;

@@ -6,30 +6,14 @@
 #include "ParameterTable.h"
 
 #include <cstdio>
-#include <cstring>
 #include <fstream>
 #include <string>
-#include <vector>
 
 namespace
 {
 const char* const kPresetPrefixes = "@prefix lv2: <http://lv2plug.in/ns/lv2core#> .\n"
                                     "@prefix pset: <http://lv2plug.in/ns/ext/presets#> .\n"
                                     "@prefix rdfs: <http://www.w3.org/2000/01/rdf-schema#> .\n\n";
-
-std::vector<const FactoryPreset*> distinctPresets()
-{
-    std::vector<const FactoryPreset*> distinct;
-    for (const FactoryPreset& preset : kFactoryPresets)
-    {
-        bool seen = false;
-        for (const FactoryPreset* earlier : distinct)
-            seen = seen || (std::strcmp(earlier->name, preset.name) == 0 &&
-                            std::memcmp(earlier->values, preset.values, sizeof preset.values) == 0);
-        if (!seen) distinct.push_back(&preset);
-    }
-    return distinct;
-}
 
 std::string presetUri(const FactoryPreset& preset)
 {
@@ -73,15 +57,17 @@ int main(int argc, char** argv)
     }
     presets << kPresetPrefixes;
     manifest << "\n" << kPresetPrefixes;
-    for (const FactoryPreset* preset : distinctPresets())
+    for (int n = 0; n < distinctFactoryPresetCount(); ++n)
     {
-        manifest << presetHead(*preset) << "    rdfs:seeAlso <presets.ttl> .\n\n";
-        presets << presetHead(*preset) << "    lv2:port ";
+        const FactoryPreset& preset =
+            kFactoryPresets[static_cast<std::size_t>(distinctFactoryPresetIndex(n))];
+        manifest << presetHead(preset) << "    rdfs:seeAlso <presets.ttl> .\n\n";
+        presets << presetHead(preset) << "    lv2:port ";
         for (int i = 0; i < kNumParameters; ++i)
         {
             const spatara::ParameterInfo& info = spatara::parameterInfo(i);
             presets << (i ? " ,\n        " : "") << "[ lv2:symbol \"" << info.symbol << "\" ; pset:value "
-                    << number(info.toUnit(preset->values[i])) << " ]";
+                    << number(info.toUnit(preset.values[i])) << " ]";
         }
         presets << " .\n\n";
     }

@@ -1,5 +1,7 @@
 #include "FactoryPresets.h"
 
+#include <cstring>
+
 namespace
 {
 constexpr FactoryPreset kInit = {"init", {0.0f, 0.5f, 0.0f, 1.0f, 0.0f, 0.0f}};
@@ -46,3 +48,31 @@ const std::array<FactoryPreset, kNumPresets> kFactoryPresets = {{
     kInit,
     kInit,
 }};
+
+namespace
+{
+bool repeatsAnEarlierPreset(std::size_t index)
+{
+    const FactoryPreset& preset = kFactoryPresets[index];
+    for (std::size_t earlier = 0; earlier < index; ++earlier)
+        if (std::strcmp(kFactoryPresets[earlier].name, preset.name) == 0 &&
+            std::memcmp(kFactoryPresets[earlier].values, preset.values, sizeof preset.values) == 0)
+            return true;
+    return false;
+}
+} // namespace
+
+int distinctFactoryPresetCount()
+{
+    int count = 0;
+    for (std::size_t i = 0; i < kFactoryPresets.size(); ++i)
+        count += repeatsAnEarlierPreset(i) ? 0 : 1;
+    return count;
+}
+
+int distinctFactoryPresetIndex(int n)
+{
+    for (std::size_t i = 0; i < kFactoryPresets.size(); ++i)
+        if (!repeatsAnEarlierPreset(i) && n-- == 0) return static_cast<int>(i);
+    return -1;
+}

@@ -12,3 +12,9 @@ struct FactoryPreset
 };
 
 extern const std::array<FactoryPreset, kNumPresets> kFactoryPresets;
+
+// The factory presets that no earlier one repeats by name and values, in table order: the ones a host lists
+// (the later "init" slots are left out). Neither allocates.
+int distinctFactoryPresetCount();
+// The table index of the n-th of them, 0 <= n < distinctFactoryPresetCount(); -1 outside that.
+int distinctFactoryPresetIndex(int n);

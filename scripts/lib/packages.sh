@@ -14,6 +14,7 @@ SPATARA_TEST_PACKAGES=(
     xvfb xdotool imagemagick x11-utils zenity sox
     ardour python3 # the plug-in's proof in Ardour, tests/host
     lilv-utils sordi jalv jackd2 # lv2info, lv2_validate (sord_validate is in sordi), an LV2 host and its JACK
+    qtractor # its plug-in scanner lists the CLAP edition
 )
 
 # What scripts/release-check needs beyond the build: Debian's package checker.

@@ -4,48 +4,22 @@
 #include "Lv2TestHost.h"
 #include "ParameterTable.h"
 #include "RunCommand.h"
-#include "VstPluginHost.h"
+#include "VstReference.h"
 
 #include "extra/Base64.hpp"
 #include "extra/String.hpp"
 
-#include <array>
-#include <cmath>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <set>
 #include <vector>
 
+using namespace vstreference;
+
 namespace
 {
 constexpr const char* kUri = "https://zev-sound.example/plugins/spatara";
 constexpr const char* kBankKey = "https://zev-sound.example/plugins/spatara#bank";
-constexpr uint32_t kBlock = 512;
-
-using Settings = std::array<float, kNumParameters>; // normalised, as the VST 2.4 host sets them
-
-struct Stereo
-{
-    std::vector<float> left, right;
-};
-
-// One second of two unrelated tones with some noise, different in each channel.
-Stereo testSignal(double rate)
-{
-    const auto frames = static_cast<std::size_t>(rate);
-    Stereo s{std::vector<float>(frames), std::vector<float>(frames)};
-    std::uint32_t seed = 12345;
-    for (std::size_t i = 0; i < frames; ++i)
-    {
-        seed = seed * 1664525u + 1013904223u;
-        const double noise = (static_cast<double>(seed >> 8) / 16777216.0 - 0.5) * 0.1;
-        const double t = static_cast<double>(i) / rate;
-        s.left[i] =
-            static_cast<float>(0.5 * std::sin(2 * M_PI * 440 * t) + 0.2 * std::sin(2 * M_PI * 3000 * t));
-        s.right[i] = static_cast<float>(0.4 * std::sin(2 * M_PI * 660 * t + 1.0) + noise);
-    }
-    return s;
-}
 
 std::unique_ptr<Lv2TestHost> loadLv2(double rate)
 {
@@ -55,27 +29,10 @@ std::unique_ptr<Lv2TestHost> loadLv2(double rate)
     return host;
 }
 
-std::unique_ptr<VstPluginHost> loadVst(double rate)
-{
-    std::string error;
-    auto host = VstPluginHost::load(SPATARA_PLUGIN_PATH, error);
-    EXPECT_TRUE(host) << error;
-    if (!host) return host;
-    host->open();
-    host->start(static_cast<float>(rate), kBlock);
-    return host;
-}
-
 void setLv2(Lv2TestHost& host, const Settings& settings)
 {
     for (int i = 0; i < kNumParameters; ++i)
         host.setControl(spatara::parameterInfo(i).symbol, spatara::parameterInfo(i).toUnit(settings[i]));
-}
-
-void setVst(VstPluginHost& host, const Settings& settings)
-{
-    for (int i = 0; i < kNumParameters; ++i)
-        host.effect()->setParameter(host.effect(), i, settings[i]);
 }
 
 Stereo runLv2(Lv2TestHost& host, const Stereo& in)
@@ -84,46 +41,6 @@ Stereo runLv2(Lv2TestHost& host, const Stereo& in)
     host.process(in.left.data(), in.right.data(), out.left.data(), out.right.data(),
                  static_cast<uint32_t>(in.left.size()));
     return out;
-}
-
-// mono: the left input on both of the plug-in's inputs, one buffer, as a host feeds a mono track.
-Stereo runVst(VstPluginHost& host, const Stereo& in, bool mono = false)
-{
-    Stereo out{std::vector<float>(in.left.size()), std::vector<float>(in.left.size())};
-    for (std::size_t done = 0; done < in.left.size(); done += kBlock)
-    {
-        const auto n = static_cast<VstInt32>(std::min<std::size_t>(kBlock, in.left.size() - done));
-        float* left = const_cast<float*>(in.left.data() + done);
-        float* inputs[2] = {left, mono ? left : const_cast<float*>(in.right.data() + done)};
-        float* outputs[2] = {out.left.data() + done, out.right.data() + done};
-        host.effect()->processReplacing(host.effect(), inputs, outputs, n);
-    }
-    return out;
-}
-
-double largestDifference(const Stereo& a, const Stereo& b)
-{
-    double largest = 0.0;
-    for (std::size_t i = 0; i < a.left.size(); ++i)
-        largest = std::max(
-            {largest, std::fabs(double(a.left[i]) - b.left[i]), std::fabs(double(a.right[i]) - b.right[i])});
-    return largest;
-}
-
-double peak(const Stereo& s)
-{
-    double largest = 0.0;
-    for (std::size_t i = 0; i < s.left.size(); ++i)
-        largest = std::max({largest, std::fabs(double(s.left[i])), std::fabs(double(s.right[i]))});
-    return largest;
-}
-
-std::vector<unsigned char> vstChunk(VstPluginHost& host)
-{
-    void* data = nullptr;
-    const VstIntPtr size = host.dispatch(effGetChunk, 0, 0, &data);
-    const auto* bytes = static_cast<const unsigned char*>(data);
-    return size > 0 && bytes ? std::vector<unsigned char>(bytes, bytes + size) : std::vector<unsigned char>();
 }
 
 std::vector<unsigned char> lv2Bank(Lv2TestHost& host)
@@ -205,9 +122,7 @@ TEST_P(Lv2Edition, SoundsLikeTheVstPluginInEveryModeAndInBypass)
 {
     const double rate = GetParam();
     const Stereo in = testSignal(rate);
-    for (const Settings& settings :
-         {Settings{0.6f, 0.3f, 0.4f, 1.0f, 0.0f, 0.0f}, Settings{0.75f, 0.5f, 0.25f, 1.0f, 1.0f, 0.5f},
-          Settings{1.0f, 0.0125f, 0.5f, 1.0f, 0.0f, 1.0f}, Settings{0.8f, 0.75f, 0.2f, 0.0f, 0.0f, 1.0f}})
+    for (const Settings& settings : kEveryMode)
     {
         auto lv2 = loadLv2(rate);
         auto vst = loadVst(rate);

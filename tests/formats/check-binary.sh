@@ -1,12 +1,13 @@
 #!/bin/bash
-# The LV2 module shows the world only the LV2 entry points, and holds one copy of the window layer: the
-# editor's, in its private namespace, none of the framework's own.
-# Usage: check-binary.sh PATH/Spatara.lv2/Spatara.so
+# A format's module (LV2, VST3, CLAP) shows the world only the format's entry points, and holds one copy of
+# the window layer: the editor's, in its private namespace, none of the framework's own.
+# Usage: check-binary.sh MODULE "ENTRY POINTS" (sorted, separated by spaces)
 set -euo pipefail
 module="$1"
+expected="$2"
 exported="$(nm -D --defined-only "$module" | awk '{print $3}' | sort | xargs)"
 echo "exported: $exported"
-[ "$exported" = "lv2_descriptor lv2_generate_ttl lv2ui_descriptor" ] || { echo "FAIL: unexpected exports"; exit 1; }
+[ "$exported" = "$expected" ] || { echo "FAIL: unexpected exports, expected $expected"; exit 1; }
 ours="$(nm -C "$module" | grep -c ' SpataraDGL::' || true)"
 theirs="$(nm -C "$module" | grep -c ' DGL::' || true)"
 echo "window layer symbols: $ours in SpataraDGL, $theirs in the framework's DGL"

@@ -59,17 +59,8 @@ has_editor=()
 if grep -q "^flags:.*\beditor\b" "$work/info.txt"; then has_editor=(--has-editor); fi
 
 step "a. Ardour's VST scanner reads the plug-in"
-LD_LIBRARY_PATH="$(dirname "$scanner")" timeout "$ARDOUR_TIMEOUT" "$scanner" -f -v "$LXVST_PATH/Spatara.so" \
-    > "$work/scan.log" 2>&1 || {
-    cat "$work/scan.log" >&2
-    fail "ardour-vst-scanner failed"
-}
-grep "Found Plugin" "$work/scan.log" | sed 's/^/  scanner: /' || fail "the scanner found no plug-in"
-caches=("$XDG_CACHE_HOME"/ardour7/vst/*.v2i)
-if [ ${#caches[@]} -ne 1 ] || [ ! -f "${caches[0]}" ]; then
-    fail "expected one scan cache file, found: ${caches[*]}"
-fi
-tool check-scan "${caches[0]}" --name "$NAME" --unique-id "$UNIQUE_ID" "${has_editor[@]}"
+scan "$scanner" "$LXVST_PATH/Spatara.so" v2i
+tool check-scan "$cache" --name "$NAME" --unique-id "$UNIQUE_ID" "${has_editor[@]}"
 
 step "b. Ardour plays a take through the plug-in, parameters set through the host"
 run_ardour "$work/session1.log" "$here/record-and-bounce.lua" "$work/session" "$UNIQUE_ID_DECIMAL" \

@@ -51,6 +51,21 @@ def check_scan(args):
           f"(not instrument), processReplacing, editor flag {found['has_editor']} as the plug-in reports")
 
 
+def check_vst3_scan(args):
+    info = ElementTree.parse(args.cache).getroot().find("VST3Info")
+    if info is None:
+        fail(f"{args.cache} holds no VST3Info: Ardour's VST3 scanner did not index the plug-in")
+    found = {key: info.get(key) for key in ("name", "vendor", "version", "category", "n_inputs", "n_outputs",
+                                             "n_aux_inputs", "n_aux_outputs", "n_midi_inputs")}
+    print("  Ardour's VST3 scan cache: " + " ".join(f'{k}="{v}"' for k, v in found.items()))
+    expected = {"name": args.name, "n_inputs": "2", "n_outputs": "2", "n_aux_inputs": "0",
+                "n_aux_outputs": "0", "n_midi_inputs": "0"}
+    for key, want in expected.items():
+        if found[key] != want:
+            fail(f"Ardour's VST3 scan reports {key}={found[key]!r}, expected {want!r}")
+    print(f"  ok: name {args.name!r}, 2 in / 2 out, no side chain, no MIDI")
+
+
 # ---- WAV (32-bit float) -----------------------------------------------------------------------------------
 
 
@@ -257,6 +272,29 @@ def lv2_state_bank(args):
           "port values " + ", ".join(f"{k}={v}" for k, v in ports.items()))
 
 
+def vst3_state_bank(args):
+    """The bank a VST3 edition left in a session: Ardour keeps the plug-in's state in base64 in
+    <vst3><chunk>; inside it, the framework's text state holds the key "bank", each key and value ended by a
+    zero byte, and the bank as base64 text."""
+    found = [p for p in ElementTree.parse(args.session).getroot().iter("Processor")
+             if p.get("type") == "vst3" and p.get("name") == args.name]
+    if len(found) != 1:
+        fail(f"{args.session}: expected one VST3 processor named {args.name!r}, found {len(found)}")
+    chunk = found[0].find("vst3/chunk")
+    if chunk is None or not (chunk.text or "").strip():
+        fail(f"{args.session}: the VST3 processor carries no state")
+    state = base64.b64decode(chunk.text)
+    match = re.search(rb"\0bank\0([A-Za-z0-9+/=]+)\0", state)
+    if not match:
+        fail(f"{args.session}: the plug-in's state holds no bank")
+    data = base64.b64decode(match.group(1))
+    with open(args.out, "wb") as f:
+        f.write(data)
+    ports = {p.get("id"): p.get("value") for p in found[0].findall("vst3/Port")}
+    print(f"  session: state of {len(state)} bytes in <vst3><chunk>, a bank of {len(data)} bytes in it, "
+          "parameter values " + ", ".join(f"{k}={v}" for k, v in ports.items()))
+
+
 def decode_bank(data):
     """Returns (current preset, [(name, [six values])]) from a chunk in this machine's byte order."""
     version, unique = struct.unpack_from("=Ii", data, 0)
@@ -318,6 +356,11 @@ def main():
     p.add_argument("--has-editor", action="store_true")
     p.set_defaults(run=check_scan)
 
+    p = commands.add_parser("check-vst3-scan", help="check Ardour's VST3 scan cache file")
+    p.add_argument("cache")
+    p.add_argument("--name", required=True)
+    p.set_defaults(run=check_vst3_scan)
+
     p = commands.add_parser("interleave", help="two mono float WAV takes to one stereo float WAV")
     p.add_argument("left")
     p.add_argument("right")
@@ -360,6 +403,12 @@ def main():
     p.add_argument("out")
     p.add_argument("--uri", required=True)
     p.set_defaults(run=lv2_state_bank)
+
+    p = commands.add_parser("vst3-state-bank", help="extract the VST3 edition's bank from a session")
+    p.add_argument("session")
+    p.add_argument("out")
+    p.add_argument("--name", required=True)
+    p.set_defaults(run=vst3_state_bank)
 
     p = commands.add_parser("check-chunk", help="decode a chunk and check its bank")
     p.add_argument("chunk")

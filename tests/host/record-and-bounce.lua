@@ -3,8 +3,8 @@
 -- records a pink-noise take from the Dummy backend, plays it through the plug-in in real time onto a second
 -- track, bounces it offline through the plug-in and saves the session.
 --
--- arg[1] session folder (must not exist), arg[2] the plug-in's unique id (decimal, or an LV2 URI), arg[3] seconds to
--- record, arg[4..] NAME=VALUE parameters.
+-- arg[1] session folder (must not exist), arg[2] the plug-in's unique id (decimal, or an LV2 URI; a VST3 plug-in's
+-- name), arg[3] seconds to record, arg[4..] NAME=VALUE parameters.
 -- Lines starting with "PROOF" are read by ardour-proof.sh; any failure raises a Lua error (exit code 1).
 
 local session_dir, unique_id, seconds = arg[1], arg[2], tonumber(arg[3])
@@ -26,13 +26,15 @@ assert(AudioEngine:set_backend("None (Dummy)", "", ""), "Ardour's Dummy audio ba
 assert(AudioEngine:set_device_name("Pink Noise") == 0, "the Dummy backend has no pink-noise input")
 assert(create_session(session_dir, "proof", rate), "cannot create the session")
 
--- A VST 2.4 plug-in is found by its decimal id, an LV2 plug-in by its URI.
+-- A VST 2.4 plug-in is found by its decimal id, an LV2 plug-in by its URI, a VST3 plug-in by its name.
 local found = nil
 for info in ARDOUR.LuaAPI.list_plugins():iter() do
-	if (info.type == ARDOUR.PluginType.LXVST or info.type == ARDOUR.PluginType.LV2)
-		and info.unique_id == unique_id then found = info end
+	if ((info.type == ARDOUR.PluginType.LXVST or info.type == ARDOUR.PluginType.LV2)
+		and info.unique_id == unique_id) or (info.type == ARDOUR.PluginType.VST3 and info.name == unique_id) then
+		found = info
+	end
 end
-assert(found, "Ardour's plug-in list has no VST or LV2 plug-in with id " .. unique_id)
+assert(found, "Ardour's plug-in list has no plug-in with id " .. unique_id)
 print(string.format("PROOF listed name=%s creator=%s path=%s", found.name, found.creator, found.path))
 
 -- Ardour connects a new track's inputs in a thread of its own, at a time of its choosing; the proof
@@ -147,6 +149,18 @@ assert(bounced and not bounced:isnil(), "Ardour could not bounce the take throug
 bounced = bounced:to_audioregion()
 for c = 0, bounced:n_channels() - 1 do
 	print(string.format("PROOF bounced %d %s", c, bounced:source(c):to_filesource():path()))
+end
+
+-- The plug-in's own outputs (the balance meter) as the bounce left them, numbered among the controls.
+local control = 0
+for port = 0, plugin:parameter_count() - 1 do
+	if plugin:parameter_is_control(port) then
+		if plugin:parameter_is_output(port) then
+			print(string.format("PROOF output %s %.9g", plugin:parameter_label(port),
+				ARDOUR.LuaAPI.get_plugin_insert_param(insert, control)))
+		end
+		control = control + 1
+	end
 end
 
 assert(Session:save_state("", false, false, false, false, false) == 0, "cannot save the session")

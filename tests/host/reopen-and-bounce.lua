@@ -2,8 +2,8 @@
 -- plug-in its chunk back), reports the parameter values Ardour finds, bounces the take through the
 -- reopened plug-in and saves the session again as a new snapshot.
 --
--- arg[1] session folder, arg[2] the plug-in's unique id (decimal, or an LV2 URI), arg[3] name of the bounce and the
--- snapshot.
+-- arg[1] session folder, arg[2] the plug-in's unique id (decimal, or an LV2 URI; a VST3 plug-in's name), arg[3] name
+-- of the bounce and the snapshot.
 -- Lines starting with "PROOF" are read by ardour-proof.sh; any failure raises a Lua error (exit code 1).
 
 local session_dir, unique_id, name = arg[1], arg[2], arg[3]
@@ -17,7 +17,7 @@ assert(track and not track:isnil(), "the reopened session has no track \"Track\"
 local proc = track:nth_plugin(0)
 assert(not proc:isnil(), "the reopened track has no plug-in")
 local plugin = proc:to_insert():plugin(0)
-assert(plugin:unique_id() == unique_id, "the track's first plug-in is " .. plugin:name())
+assert(plugin:unique_id() == unique_id or plugin:name() == unique_id, "the track's first plug-in is " .. plugin:name())
 assert(proc:active(), "Ardour reopened the plug-in switched off")
 -- Numbered among the control ports, as Ardour numbers parameters; only the inputs are reported.
 local control = 0

@@ -1,0 +1,38 @@
+// The VST 2.4 plug-in in a VST 2.4 host, as the reference the other editions are compared against: a test
+// signal, the plug-in run over it in blocks, its chunk, and the measures of two results.
+#pragma once
+
+#include "ParameterMapping.h"
+#include "VstPluginHost.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace vstreference
+{
+constexpr std::uint32_t kBlock = 512;
+
+using Settings = std::array<float, kNumParameters>; // normalised, as the VST 2.4 host sets them
+
+struct Stereo
+{
+    std::vector<float> left, right;
+};
+
+// Settings in each of the three modes, with phase on in one and process off in the last.
+extern const std::array<Settings, 4> kEveryMode;
+
+// One second of two unrelated tones with some noise, different in each channel.
+Stereo testSignal(double rate);
+// The plug-in opened and switched on at this rate with blocks of kBlock; null (and a test failure) if it
+// does not load.
+std::unique_ptr<VstPluginHost> loadVst(double rate);
+void setVst(VstPluginHost& host, const Settings& settings);
+// mono: the left input on both of the plug-in's inputs, one buffer, as a host feeds a mono track.
+Stereo runVst(VstPluginHost& host, const Stereo& in, bool mono = false);
+std::vector<unsigned char> vstChunk(VstPluginHost& host);
+double largestDifference(const Stereo& a, const Stereo& b);
+double peak(const Stereo& s);
+} // namespace vstreference
