@@ -65,7 +65,9 @@ tool compare "$work/bypassed-take.wav" "$work/bypassed.wav" --label "bounce with
     --expect-offset 0 --max-abs 0 --max-relative 0
 meter="$(proof_line "$work/bypassed.log" "output meter" | awk '{print $4}')"
 echo "  the balance meter after the bounce: $meter"
-awk -v m="$meter" 'BEGIN { exit !(m > 0.01 || m < -0.01) }' || fail "the balance meter stood still while bypassed"
+# Independent pink noise on the two channels balances the meter near 0, on either side by chance: what
+# shows that the effect kept metering is that the meter left its resting value, exactly 0.
+awk -v m="$meter" 'BEGIN { exit !(m + 0 != 0) }' || fail "the balance meter stood still while bypassed"
 echo "  ok: the plug-in ran while bypassed, its meter moved"
 
 version="$(ardour7-lua --version 2>&1 | head -n 1 | awk '{print $NF}')"
