@@ -14,22 +14,16 @@
 #include "MyFrame.h"
 #include "ValueConverters.h"
 
+#include "ModeThresholds.h"
+#include "ParameterMapping.h"
+
 #include <array>
 
 namespace
 {
-enum Tag : int32_t
-{
-    kDepthTag = 0,
-    kFrequencyTag,
-    kWidthTag,
-    kProcessTag,
-    kPhaseTag,
-    kModeTag,
-    kAboutTag = 7,
-};
-constexpr int kParameterCount = 6;
-constexpr std::uint32_t kOtherChange = 1u << kParameterCount;
+// The controls of tags 0 to 5 are the parameters of the same index; the about screen's tag is the editor's.
+constexpr int32_t kAboutTag = 7;
+constexpr std::uint32_t kOtherChange = 1u << kNumParameters;
 
 // Caption numbers of parameterNameStringConvert.
 enum Caption
@@ -55,8 +49,8 @@ constexpr int32_t kCaptionStyle = kVertical;
 
 float modeButtonValue(float mode)
 {
-    if (mode < 0.25f) return 0.0f;
-    return mode < 0.75f ? 0.5f : 1.0f;
+    if (mode < spatara::kModeButtonMiddleFrom) return 0.0f;
+    return mode < spatara::kModeButtonLastFrom ? 0.5f : 1.0f;
 }
 } // namespace
 
@@ -77,11 +71,11 @@ float ADEditor::normalised(VstInt32 index) const
 
 float ADEditor::widthDisplayValue() const
 {
-    const double width = realValue(kWidthTag);
-    const float mode = normalised(kModeTag);
+    const double width = realValue(kWidth);
+    const float mode = normalised(kMode);
     // Widening reads 100 % to 400 %, narrowing 400 % down to 100 %, emphasis 0 % to 100 %.
-    if (mode < 0.25f) return static_cast<float>(width * 3.0 + 1.0);
-    if (mode < 0.75f) return static_cast<float>(width * -3.0 + 4.0);
+    if (mode < spatara::kModeButtonMiddleFrom) return static_cast<float>(width * 3.0 + 1.0);
+    if (mode < spatara::kModeButtonLastFrom) return static_cast<float>(width * -3.0 + 4.0);
     return static_cast<float>(width);
 }
 
@@ -178,46 +172,47 @@ bool ADEditor::open(void* parent)
     myFrame->addView(captionM);
 
     // ---- depth
-    depthSlider = slider(kDepthTag, 51, normalised(kDepthTag), 0.0f);
+    depthSlider = slider(kDepth, 51, normalised(kDepth), 0.0f);
     myFrame->addView(depthSlider);
     depthValue = rowValue(51, spatara::percentStringConvert);
-    depthValue->setValue(normalised(kDepthTag));
+    depthValue->setValue(normalised(kDepth));
     myFrame->addView(depthValue);
     depthCaption = rowCaption(51, kCaptionDepth);
     myFrame->addView(depthCaption);
 
     // ---- base frequency
-    frequencySlider = slider(kFrequencyTag, 83, normalised(kFrequencyTag), 0.5f);
+    frequencySlider = slider(kBaseFreq, 83, normalised(kBaseFreq), 0.5f);
     myFrame->addView(frequencySlider);
     frequencyValue = rowValue(83, spatara::frequencyStringConvert);
     frequencyValue->setMax(20000.0f);
-    frequencyValue->setValue(realValue(kFrequencyTag));
+    frequencyValue->setValue(realValue(kBaseFreq));
     myFrame->addView(frequencyValue);
     frequencyCaption = rowCaption(83, kCaptionFreq);
     myFrame->addView(frequencyCaption);
 
     // ---- width or emphasis
-    widthSlider = slider(kWidthTag, 115, normalised(kWidthTag), 0.0f);
+    widthSlider = slider(kWidth, 115, normalised(kWidth), 0.0f);
     myFrame->addView(widthSlider);
     widthValue = rowValue(115, spatara::percentStringConvert);
     widthValue->setMax(4.0f);
     widthValue->setValue(widthDisplayValue());
     myFrame->addView(widthValue);
-    // 0.67 here, 0.75 when the mode changes later: different on purpose, the same for the three modes.
-    const bool emphasis = static_cast<double>(normalised(kModeTag)) >= 0.67;
+    // The engine's mode here, the button's three quarters when the mode changes later: different on
+    // purpose, the same for the three modes.
+    const bool emphasis = static_cast<double>(normalised(kMode)) >= spatara::kEmphasisCaptionAtOpenFrom;
     widthCaption = rowCaption(115, emphasis ? kCaptionEmph : kCaptionWidth);
     myFrame->addView(widthCaption);
 
     // ---- buttons: all three as wide as the process image and half as high, whatever the sizes of the others
-    processButton = new COnOffButton(buttonRect(70), this, kProcessTag, processImage.get());
-    processButton->setValue(normalised(kProcessTag));
+    processButton = new COnOffButton(buttonRect(70), this, kProcess, processImage.get());
+    processButton->setValue(normalised(kProcess));
     myFrame->addView(processButton);
-    phaseButton = new COnOffButton(buttonRect(190), this, kPhaseTag, phaseImage.get());
-    phaseButton->setValue(normalised(kPhaseTag));
+    phaseButton = new COnOffButton(buttonRect(190), this, kPhase, phaseImage.get());
+    phaseButton->setValue(normalised(kPhase));
     myFrame->addView(phaseButton);
-    modeButton = new CClickButton(buttonRect(130), this, kModeTag, modeImage.get(), kModeStates);
+    modeButton = new CClickButton(buttonRect(130), this, kMode, modeImage.get(), kModeStates);
     modeButton->setMax(2.0f);
-    modeButton->setValue(modeButtonValue(normalised(kModeTag)));
+    modeButton->setValue(modeButtonValue(normalised(kMode)));
     myFrame->addView(modeButton);
 
     // ---- about
@@ -254,7 +249,7 @@ void ADEditor::idle()
     const std::uint32_t changes = pendingChanges.exchange(0, std::memory_order_relaxed);
     if (frame && changes)
     {
-        for (VstInt32 index = 0; index < kParameterCount; ++index)
+        for (VstInt32 index = 0; index < kNumParameters; ++index)
             if (changes & (1u << index)) applyParameter(index);
         frame->setDirty(true);
     }
@@ -269,7 +264,7 @@ void ADEditor::valueChanged(CControl* control)
 {
     CPresetSystemEditor::valueChanged(control);
     const int32_t tag = control->getTag();
-    if (tag < 0 || tag >= kParameterCount) return;
+    if (tag < 0 || tag >= kNumParameters) return;
     // Sliders bracket their drags with beginEdit / endEdit themselves; buttons send single changes.
     setParameterAutomated(tag, control->getValue());
     control->setDirty();
@@ -279,7 +274,7 @@ void ADEditor::setParameter(VstInt32 index, float)
 {
     // May run on the audio thread (host automation): no control is touched here, the index is noted and the
     // next idle moves the controls, reading the effect's values back then.
-    const std::uint32_t bit = index >= 0 && index < kParameterCount ? 1u << index : kOtherChange;
+    const std::uint32_t bit = index >= 0 && index < kNumParameters ? 1u << index : kOtherChange;
     pendingChanges.fetch_or(bit, std::memory_order_relaxed);
 }
 
@@ -287,30 +282,31 @@ void ADEditor::applyParameter(VstInt32 index)
 {
     switch (index)
     {
-    case kDepthTag:
-        if (depthSlider) depthSlider->setValue(normalised(kDepthTag));
-        if (depthValue) depthValue->setValue(normalised(kDepthTag));
+    case kDepth:
+        if (depthSlider) depthSlider->setValue(normalised(kDepth));
+        if (depthValue) depthValue->setValue(normalised(kDepth));
         break;
-    case kFrequencyTag:
-        if (frequencySlider) frequencySlider->setValue(normalised(kFrequencyTag));
-        if (frequencyValue) frequencyValue->setValue(realValue(kFrequencyTag));
+    case kBaseFreq:
+        if (frequencySlider) frequencySlider->setValue(normalised(kBaseFreq));
+        if (frequencyValue) frequencyValue->setValue(realValue(kBaseFreq));
         break;
-    case kWidthTag:
-        if (widthSlider) widthSlider->setValue(normalised(kWidthTag));
+    case kWidth:
+        if (widthSlider) widthSlider->setValue(normalised(kWidth));
         if (widthValue) widthValue->setValue(widthDisplayValue());
         break;
-    case kProcessTag:
-        if (processButton) processButton->setValue(normalised(kProcessTag) < 0.5f ? 0.0f : 1.0f);
+    case kProcess:
+        if (processButton) processButton->setValue(normalised(kProcess) < 0.5f ? 0.0f : 1.0f);
         break;
-    case kPhaseTag:
-        if (phaseButton) phaseButton->setValue(normalised(kPhaseTag) < 0.5f ? 0.0f : 1.0f);
+    case kPhase:
+        if (phaseButton) phaseButton->setValue(normalised(kPhase) < 0.5f ? 0.0f : 1.0f);
         break;
-    case kModeTag:
+    case kMode:
     {
-        const float mode = normalised(kModeTag);
+        const float mode = normalised(kMode);
         if (modeButton) modeButton->setValue(modeButtonValue(mode));
-        if (widthCaption) widthCaption->setValue(mode < 0.75f ? kCaptionWidth : kCaptionEmph);
-        if (widthSlider) widthSlider->setValue(normalised(kWidthTag));
+        if (widthCaption)
+            widthCaption->setValue(mode < spatara::kModeButtonLastFrom ? kCaptionWidth : kCaptionEmph);
+        if (widthSlider) widthSlider->setValue(normalised(kWidth));
         if (widthValue)
         {
             widthValue->setValue(widthDisplayValue());

@@ -11,6 +11,7 @@
 #include "RecordingHost.h"
 #include "Spatara.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 
 #include <thread>
@@ -124,6 +125,37 @@ TEST_F(ADEditorTest, OpeningInMode07ShowsEmphThenAReportedModeChangeShowsWidth)
     hostSets(5, 0.7f);
     EXPECT_EQ(textOf(widthCaption()), "width");
     EXPECT_EQ(modeButton()->getValue(), 0.5f);
+}
+
+TEST_F(ADEditorTest, ModeButtonAndWidthRowChangeStateAtAQuarterAndAtThreeQuarters)
+{
+    hostSets(2, 0.25f);
+    hostSets(5, std::nextafter(0.25f, 0.0f));
+    EXPECT_EQ(modeButton()->getValue(), 0.0f);
+    EXPECT_EQ(textOf(widthValue()), "175%");
+    hostSets(5, 0.25f);
+    EXPECT_EQ(modeButton()->getValue(), 0.5f);
+    EXPECT_EQ(textOf(widthValue()), "325%");
+    hostSets(5, std::nextafter(0.75f, 0.0f));
+    EXPECT_EQ(modeButton()->getValue(), 0.5f);
+    EXPECT_EQ(textOf(widthCaption()), "width");
+    EXPECT_EQ(textOf(widthValue()), "325%");
+    hostSets(5, 0.75f);
+    EXPECT_EQ(modeButton()->getValue(), 1.0f);
+    EXPECT_EQ(textOf(widthCaption()), "emph");
+    EXPECT_EQ(textOf(widthValue()), "25%");
+}
+
+TEST_F(ADEditorTest, OpeningShowsEmphExactlyWhenTheEngineRunsTheEmphasisMode)
+{
+    effect.setParameter(5, std::nextafter(0.67f, 0.0f));
+    reopen();
+    EXPECT_EQ(effect.getParameterValue(5), 1.0f);
+    EXPECT_EQ(textOf(widthCaption()), "width");
+    effect.setParameter(5, 0.67f);
+    reopen();
+    EXPECT_EQ(effect.getParameterValue(5), 2.0f);
+    EXPECT_EQ(textOf(widthCaption()), "emph");
 }
 
 TEST_F(ADEditorTest, WidthDisplayReadsTheWidthAsEachModeMeansIt)

@@ -1,4 +1,3 @@
-#include "ParameterText.h"
 #include "Spatara.h"
 #include "SpataraFixture.h"
 
@@ -9,13 +8,6 @@
 namespace
 {
 using ParameterModel = SpataraFixture;
-
-std::string text(float value, int decimals)
-{
-    char buffer[32] = {};
-    float2string2(value, decimals, buffer);
-    return buffer;
-}
 } // namespace
 
 TEST_F(ParameterModel, ModeThresholdsAre033And067)
@@ -111,37 +103,4 @@ TEST_F(ParameterModel, UnknownIndexesAnswerZeroBlankAndUndef)
     EXPECT_TRUE(effect.isDummyOld(-1));
     EXPECT_FALSE(effect.isDummy(5));
     EXPECT_FALSE(effect.isDummyOld(0));
-}
-
-TEST(FloatToString, RoundsHalfAwayFromZeroAtTheThreshold)
-{
-    EXPECT_EQ(text(1.26f, 1), "1.3");
-    EXPECT_EQ(text(1.24f, 1), "1.2");
-    EXPECT_EQ(text(-1.26f, 1), "-1.3");
-    EXPECT_EQ(text(42.049999f, 2), "42.05");
-}
-
-TEST(FloatToString, ZeroDecimalsCutsAtThePoint)
-{
-    EXPECT_EQ(text(12.0f, 0), "12");
-    EXPECT_EQ(text(0.0f, 0), "0");
-}
-
-TEST(FloatToString, FillsAnEightCharacterField)
-{
-    EXPECT_EQ(text(1.5f, 6), "1.500000");
-    EXPECT_EQ(text(-1.5f, 6), "-1.50000");
-    EXPECT_EQ(text(12345678.0f, 2), "12345678.");
-}
-
-TEST(FloatToString, HugeValuesSaySo)
-{
-    EXPECT_EQ(text(1.0e9f, 1), "Huge!");
-    EXPECT_EQ(text(-1.0e8f, 1), "Huge!");
-    EXPECT_EQ(text(-9999999.0f, 0), "-9999999");
-}
-
-TEST(FloatToString, RoundKeepsTheAddedUnit)
-{
-    EXPECT_NEAR(round(1.26, 1), 1.36, 1e-12);
 }

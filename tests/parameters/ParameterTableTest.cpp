@@ -1,6 +1,5 @@
 // The one table of parameter facts: what every edition reads about the six parameters.
 #include "ParameterTable.h"
-#include "FactoryPresets.h"
 
 #include <cctype>
 #include <cmath>
@@ -77,18 +76,6 @@ TEST(ParameterTable, UnitValuesAreTheNormalisedOnesScaled)
     EXPECT_EQ(parameterInfo(kMode).toUnit(0.5f), 1.0f);
     EXPECT_EQ(parameterInfo(kMode).fromUnit(2.0f), 1.0f);
     EXPECT_EQ(parameterInfo(kPhase).fromUnit(1.0f), 1.0f);
-}
-
-TEST(ParameterTable, EveryFactoryPresetValueSurvivesTheTripThroughItsUnit)
-{
-    for (const FactoryPreset& preset : kFactoryPresets)
-        for (int i = 0; i < kNumParameters; ++i)
-        {
-            const float v = preset.values[i];
-            const float back = parameterInfo(i).fromUnit(parameterInfo(i).toUnit(v));
-            EXPECT_EQ(std::memcmp(&back, &v, sizeof v), 0)
-                << preset.name << " " << parameterInfo(i).name << ": " << v << " came back as " << back;
-        }
 }
 
 TEST(ParameterTable, UnitValuesOutsideTheRangeAreClampedIntoIt)

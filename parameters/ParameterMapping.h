@@ -18,5 +18,5 @@ float depthFromNormalised(float v);
 float frequencyFromNormalised(float v);
 // Whole part of v + 0.5: 0 or 1.
 float switchFromNormalised(float v);
-// 0 below 0.33, 1 below 0.67, 2 otherwise (NaN included).
+// 0 below kEngineModeOneFrom, 1 below kEngineModeTwoFrom, 2 otherwise (NaN included); ModeThresholds.h.
 float modeFromNormalised(float v);

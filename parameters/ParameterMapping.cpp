@@ -1,5 +1,7 @@
 #include "ParameterMapping.h"
 
+#include "ModeThresholds.h"
+
 #include <cmath>
 
 float depthFromNormalised(float v)
@@ -20,8 +22,8 @@ float switchFromNormalised(float v)
 
 float modeFromNormalised(float v)
 {
-    // The thresholds are compared in double, as written: 0.33f and 0.67f themselves land on the upper mode.
-    if (v < 0.33) return 0.0f;
-    if (v >= 0.33 && v < 0.67) return 1.0f;
+    // Compared in double: 0.33f and 0.67f themselves land on the upper mode.
+    if (v < spatara::kEngineModeOneFrom) return 0.0f;
+    if (v >= spatara::kEngineModeOneFrom && v < spatara::kEngineModeTwoFrom) return 1.0f;
     return 2.0f;
 }
