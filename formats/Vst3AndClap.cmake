@@ -26,7 +26,9 @@ endfunction()
 dpf__determine_vst3_package_architecture(vst3_arch)
 set(SPATARA_VST3_ARCH "${vst3_arch}" CACHE INTERNAL "The VST3 bundle's name for this machine's architecture")
 set(SPATARA_VST3_BUNDLE "${PROJECT_BINARY_DIR}/vst3/Spatara.vst3" CACHE INTERNAL "The VST3 bundle in the build tree")
-spatara_add_dpf_edition(Spatara_vst3 vst3 "${DPF_DISTRHO}/DistrhoPluginMain.cpp")
+# Its factory entry is ours, around the framework's.
+spatara_add_dpf_edition(Spatara_vst3 vst3 Vst3Framework.cpp Vst3Entry.cpp)
+set_source_files_properties(Vst3Framework.cpp PROPERTIES COMPILE_OPTIONS -w)
 set_target_properties(Spatara_vst3 PROPERTIES
     LIBRARY_OUTPUT_DIRECTORY "${SPATARA_VST3_BUNDLE}/Contents/${SPATARA_VST3_ARCH}-linux")
 

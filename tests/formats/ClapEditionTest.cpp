@@ -127,23 +127,18 @@ TEST(ClapPlugin, ValuesShowTheTextsOfTheVstPlugin)
     EXPECT_EQ(clap->text(clap->parameterId("mode"), 1.0), "Mode2");
     EXPECT_EQ(clap->text(clap->parameterId("process"), 1.0), "On");
     EXPECT_EQ(clap->text(clap->parameterId("phase"), 0.0), "Off");
-    // The width shows in the unit of the mode the effect runs: the mode first, then every parameter.
-    for (float mode : {0.0f, 0.5f, 1.0f})
-    {
-        clap->queueValue(clap->parameterId("mode"), spatara::parameterInfo(kMode).toUnit(mode));
-        clap->flush();
-        vst->effect()->setParameter(vst->effect(), kMode, mode);
-        for (int i = 0; i < kNumParameters; ++i)
-            for (float v : {0.0f, 0.13f, 0.25f, 0.5f, 0.77f, 1.0f})
-            {
-                if (i == kMode) continue;
-                vst->effect()->setParameter(vst->effect(), i, v);
-                const spatara::ParameterInfo& info = spatara::parameterInfo(i);
-                EXPECT_EQ(clap->text(clap->parameterId(info.name), info.toUnit(v)),
-                          vst->text(effGetParamDisplay, i))
-                    << info.name << " " << v << " in mode " << mode;
-            }
-    }
+    expectTextsOfVst(
+        *vst,
+        [&](float mode)
+        {
+            clap->queueValue(clap->parameterId("mode"), spatara::parameterInfo(kMode).toUnit(mode));
+            clap->flush();
+        },
+        [&](int index, float value)
+        {
+            const spatara::ParameterInfo& info = spatara::parameterInfo(index);
+            return clap->text(clap->parameterId(info.name), info.toUnit(value));
+        });
 }
 
 TEST_P(ClapEdition, SoundsLikeTheVstPluginInEveryModeAndWithProcessOff)

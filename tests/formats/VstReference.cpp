@@ -1,4 +1,5 @@
 #include "VstReference.h"
+#include "ParameterTable.h"
 
 #include <algorithm>
 #include <cmath>
@@ -61,6 +62,25 @@ Stereo runVst(VstPluginHost& host, const Stereo& in, bool mono)
         host.effect()->processReplacing(host.effect(), inputs, outputs, n);
     }
     return out;
+}
+
+void expectTextsOfVst(VstPluginHost& vst, const std::function<void(float mode)>& setMode,
+                      const std::function<std::string(int index, float value)>& textOf)
+{
+    // The width shows in the unit of the mode the effect runs: the mode first, then every parameter.
+    for (float mode : {0.0f, 0.5f, 1.0f})
+    {
+        setMode(mode);
+        vst.effect()->setParameter(vst.effect(), kMode, mode);
+        for (int i = 0; i < kNumParameters; ++i)
+            for (float v : {0.0f, 0.13f, 0.25f, 0.5f, 0.77f, 1.0f})
+            {
+                if (i == kMode) continue;
+                vst.effect()->setParameter(vst.effect(), i, v);
+                EXPECT_EQ(textOf(i, v), vst.text(effGetParamDisplay, i))
+                    << spatara::parameterInfo(i).name << " " << v << " in mode " << mode;
+            }
+    }
 }
 
 double largestDifference(const Stereo& a, const Stereo& b)

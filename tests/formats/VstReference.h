@@ -7,7 +7,9 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace vstreference
@@ -33,6 +35,11 @@ void setVst(VstPluginHost& host, const Settings& settings);
 // mono: the left input on both of the plug-in's inputs, one buffer, as a host feeds a mono track.
 Stereo runVst(VstPluginHost& host, const Stereo& in, bool mono = false);
 std::vector<unsigned char> vstChunk(VstPluginHost& host);
+// An edition's value texts against the VST 2.4 plug-in's, for every parameter at a few values in each mode:
+// setMode puts the edition in a mode, textOf gives its text for a parameter at a value, both as VST 2.4
+// normalised values.
+void expectTextsOfVst(VstPluginHost& vst, const std::function<void(float mode)>& setMode,
+                      const std::function<std::string(int index, float value)>& textOf);
 double largestDifference(const Stereo& a, const Stereo& b);
 double peak(const Stereo& s);
 } // namespace vstreference
