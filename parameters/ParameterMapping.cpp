@@ -4,6 +4,9 @@
 
 #include <cmath>
 
+namespace spatara
+{
+
 float depthFromNormalised(float v)
 {
     const double twice = 2.0 * static_cast<double>(v);
@@ -27,3 +30,5 @@ float modeFromNormalised(float v)
     if (v >= spatara::kEngineModeOneFrom && v < spatara::kEngineModeTwoFrom) return 1.0f;
     return 2.0f;
 }
+
+} // namespace spatara

@@ -12,6 +12,8 @@ enum SpataraParameter
     kNumParameters
 };
 
+namespace spatara
+{
 // 2v², 0..2, computed in double precision.
 float depthFromNormalised(float v);
 // v² × 980 + 20 Hz, 20..1000, in single precision.
@@ -20,3 +22,4 @@ float frequencyFromNormalised(float v);
 float switchFromNormalised(float v);
 // 0 below kEngineModeOneFrom, 1 below kEngineModeTwoFrom, 2 otherwise (NaN included); ModeThresholds.h.
 float modeFromNormalised(float v);
+} // namespace spatara

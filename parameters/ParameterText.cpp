@@ -4,6 +4,9 @@
 #include <cstring>
 #include <string>
 
+namespace spatara
+{
+
 double round(double value, int decimals)
 {
     const double s = std::trunc(std::pow(10.0, decimals)) * value;
@@ -42,3 +45,5 @@ void float2string2(float value, int decimals, char* text)
     out.resize(decimals > 0 ? std::min(out.size(), point + 1 + static_cast<std::size_t>(decimals)) : point);
     std::strcpy(text, out.c_str());
 }
+
+} // namespace spatara

@@ -69,7 +69,7 @@ TEST(ParameterTable, UnitsAndRangesAreTheOnesUsersRead)
 TEST(ParameterTable, UnitValuesAreTheNormalisedOnesScaled)
 {
     EXPECT_EQ(parameterInfo(kDepth).toUnit(0.5f), 50.0f);
-    EXPECT_EQ(parameterInfo(kBaseFreq).toUnit(0.0125f), frequencyFromNormalised(0.0125f));
+    EXPECT_EQ(parameterInfo(kBaseFreq).toUnit(0.0125f), spatara::frequencyFromNormalised(0.0125f));
     EXPECT_EQ(parameterInfo(kBaseFreq).toUnit(1.0f), 1000.0f);
     EXPECT_EQ(parameterInfo(kWidth).toUnit(0.25f), 25.0f);
     EXPECT_EQ(parameterInfo(kProcess).toUnit(0.7f), 1.0f);

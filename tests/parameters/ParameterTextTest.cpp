@@ -9,7 +9,7 @@ namespace
 std::string text(float value, int decimals)
 {
     char buffer[32] = {};
-    float2string2(value, decimals, buffer);
+    spatara::float2string2(value, decimals, buffer);
     return buffer;
 }
 } // namespace
@@ -44,5 +44,5 @@ TEST(FloatToString, HugeValuesSaySo)
 
 TEST(FloatToString, RoundKeepsTheAddedUnit)
 {
-    EXPECT_NEAR(round(1.26, 1), 1.36, 1e-12);
+    EXPECT_NEAR(spatara::round(1.26, 1), 1.36, 1e-12);
 }
