@@ -253,11 +253,10 @@ void exhaustMemory()
     rlimit limit{cap, cap};
     setrlimit(RLIMIT_AS, &limit);
     // Kept where the compiler cannot prove the blocks unused.
-    static void* volatile last = nullptr;
+    [[maybe_unused]] static void* volatile last = nullptr;
     for (std::size_t size : {std::size_t{1} << 16, std::size_t{1} << 10, std::size_t{32}})
-        while ((last = std::malloc(size)) != nullptr)
-        {
-        }
+        for (void* block = std::malloc(size); block != nullptr; block = std::malloc(size))
+            last = block;
 }
 } // namespace
 
