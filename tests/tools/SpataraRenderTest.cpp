@@ -335,3 +335,21 @@ TEST_F(SpataraRender, OutputsThatAreSymbolicLinksStayLinksAndTheirFilesKeepTheir
             << name;
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.file("kept")), {}), 2);
 }
+
+TEST_F(SpataraRender, AChunkWhoseBankThePluginRefusesIsReportedInOneLine)
+{
+    ASSERT_EQ(info("--preset 3 --chunk-out " + shellQuote(dir.file("saved.chunk"))).exitCode, 0);
+    std::string chunk = slurp(dir.file("saved.chunk"));
+    ASSERT_EQ(chunk.size(), 13729u);
+    // Preset 5's third value becomes NaN: the plug-in takes the chunk's head, its bank reader refuses the
+    // bank and keeps the presets it had.
+    const std::size_t valueAt = 8 + 41 + 5 * 360 + 168 + 2 * 32 + 12 + 12;
+    const unsigned char nan[4] = {0x00, 0x00, 0xc0, 0x7f};
+    chunk.replace(valueAt, 4, reinterpret_cast<const char*>(nan), 4);
+    std::ofstream(dir.file("damaged.chunk"), std::ios::binary) << chunk;
+
+    const auto result = info("--chunk-in " + shellQuote(dir.file("damaged.chunk")));
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(lines(result.err), 1) << result.err;
+    EXPECT_NE(result.err.find("refused"), std::string::npos) << result.err;
+}

@@ -50,6 +50,16 @@ bool presetIndexOf(VstPluginHost& host, const std::string& preset, VstInt32& ind
     error = isNumber ? "no preset number " + preset : "no preset named '" + preset + "'";
     return false;
 }
+
+// The plug-in's chunk as it is now; empty when it gives none.
+std::vector<char> currentChunk(VstPluginHost& host)
+{
+    void* data = nullptr;
+    const VstIntPtr size = host.dispatch(effGetChunk, 0, 0, &data);
+    if (size <= 0 || !data) return {};
+    const char* bytes = static_cast<const char*>(data);
+    return std::vector<char>(bytes, bytes + size);
+}
 } // namespace
 
 bool writeFileAtomically(const std::string& file, const char* data, std::size_t size, std::string& error)
@@ -76,7 +86,11 @@ bool restoreChunk(VstPluginHost& host, const std::string& file, std::string& err
         error = "the plug-in keeps no chunk, cannot restore " + file;
         return false;
     }
-    if (host.dispatch(effSetChunk, 0, static_cast<VstIntPtr>(chunk.size()), chunk.data()) != 0)
+    // A plug-in may take a chunk's head and still refuse what it carries, keeping the state it had: one
+    // that is handed another state and keeps its own has not taken it, whatever it answered.
+    const std::vector<char> before = currentChunk(host);
+    if (host.dispatch(effSetChunk, 0, static_cast<VstIntPtr>(chunk.size()), chunk.data()) != 0 ||
+        (currentChunk(host) == before && chunk != before))
     {
         error = "the plug-in refused the chunk in " + file;
         return false;
@@ -86,14 +100,13 @@ bool restoreChunk(VstPluginHost& host, const std::string& file, std::string& err
 
 bool saveChunk(VstPluginHost& host, const std::string& file, std::string& error)
 {
-    void* data = nullptr;
-    const VstIntPtr size = host.dispatch(effGetChunk, 0, 0, &data);
-    if (size <= 0 || !data)
+    const std::vector<char> chunk = currentChunk(host);
+    if (chunk.empty())
     {
         error = "the plug-in gave no chunk to save";
         return false;
     }
-    return writeFileAtomically(file, static_cast<const char*>(data), static_cast<std::size_t>(size), error);
+    return writeFileAtomically(file, chunk.data(), chunk.size(), error);
 }
 
 bool selectPreset(VstPluginHost& host, const std::string& preset, std::string& error)
@@ -107,14 +120,12 @@ bool selectPreset(VstPluginHost& host, const std::string& preset, std::string& e
     }
     // A plug-in that switches its own presets behind one host program: choose it the way a project
     // reopens it, through its chunk with that preset current.
-    void* data = nullptr;
-    const VstIntPtr size = host.dispatch(effGetChunk, 0, 0, &data);
-    if (size < static_cast<VstIntPtr>(kChunkCurrentPresetOffset + 4) || !data)
+    std::vector<char> chunk = currentChunk(host);
+    if (chunk.size() < kChunkCurrentPresetOffset + 4)
     {
         error = "the plug-in offers no way to select preset " + preset;
         return false;
     }
-    std::vector<char> chunk(static_cast<char*>(data), static_cast<char*>(data) + size);
     const std::int32_t current = index;
     std::memcpy(chunk.data() + kChunkCurrentPresetOffset, &current, sizeof(current));
     if (host.dispatch(effSetChunk, 0, static_cast<VstIntPtr>(chunk.size()), chunk.data()) != 0)
