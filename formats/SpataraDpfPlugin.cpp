@@ -206,8 +206,10 @@ void SpataraDpfPlugin::setState(const char* key, const char* value)
         // instead of gliding to them, as it does there. No host runs the plug-in while it restores.
         const bool wasActive = active;
         if (wasActive) dispatch(effMainsChanged, 0, 0, nullptr, 0.0f);
-        // The effect checks the bytes and refuses a bad chunk, keeping its presets.
-        taken = dispatch(effSetChunk, 0, static_cast<VstIntPtr>(bytes->size()), bytes->data(), 0.0f) == 0;
+        // The effect checks the bytes and refuses a bad bank, keeping its presets. It answers 0 once its bank
+        // reader has run, taken or not, so the verdict is asked for separately.
+        taken = dispatch(effSetChunk, 0, static_cast<VstIntPtr>(bytes->size()), bytes->data(), 0.0f) == 0 &&
+                effect->lastChunkTaken();
         if (wasActive) dispatch(effMainsChanged, 0, 1, nullptr, 0.0f);
     }
     if (!taken)

@@ -41,6 +41,8 @@ class CPresetSystemEffect : public AudioEffectX
     // that is missing, not ours, of an unknown version or too short to hold a bank, and for a refused old
     // chunk.
     VstInt32 setChunk(void* data, VstInt32 byteSize, bool isPreset) override;
+    // Whether the last setChunk took its bank; setChunk answers 0 also for a bank its reader refused.
+    bool lastChunkTaken() const { return chunkTaken; }
 
     void resume() override {}
     VstInt32 processEvents(VstEvents*) override { return 0; } // MIDI is not taken
@@ -90,6 +92,7 @@ class CPresetSystemEffect : public AudioEffectX
     std::atomic<long> presetNo{0};
     std::vector<unsigned char> oldChunkScratch;
     std::vector<unsigned char> chunkBuffer;
+    bool chunkTaken = false;
     PresetRecord defaultRecord{};
     // True while setPresetNo pushes a preset into the effect, so the values are not written back.
     std::atomic<bool> applying{false};

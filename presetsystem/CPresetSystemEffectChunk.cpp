@@ -43,6 +43,7 @@ VstInt32 CPresetSystemEffect::getChunk(void** data, bool)
 
 VstInt32 CPresetSystemEffect::setChunk(void* data, VstInt32 byteSize, bool isPreset)
 {
+    chunkTaken = false;
     CPresetSystemEditor* e = presetEditor();
     if (!e || !data || byteSize < kHostChunkHeadSize) return -1;
     const auto* bytes = static_cast<const char*>(data);
@@ -70,7 +71,7 @@ VstInt32 CPresetSystemEffect::setChunk(void* data, VstInt32 byteSize, bool isPre
     const std::size_t chunksAt = kHostChunkHeadSize + sizeof(newpresetheader);
     // Once the bank reader has run the chunk counts as taken, also when the reader refused the bank and
     // put the table back: -1 is kept for chunks that are not ours or that carry no bank at all.
-    e->BufferToBank(bytes + chunksAt, size - chunksAt, &header, swapped);
+    chunkTaken = e->BufferToBank(bytes + chunksAt, size - chunksAt, &header, swapped);
     return 0;
 }
 
@@ -117,5 +118,6 @@ VstInt32 CPresetSystemEffect::setChunkOld(void* data, VstInt32 byteSize, bool, b
         }
     }
     setPresetNo(current < 0 || current > kNumPresets - 1 ? 0 : current);
+    chunkTaken = true;
     return 0;
 }

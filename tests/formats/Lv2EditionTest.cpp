@@ -11,6 +11,7 @@
 
 #include <cstring>
 #include <gtest/gtest.h>
+#include <limits>
 #include <set>
 #include <vector>
 
@@ -292,6 +293,17 @@ TEST(Lv2State, ADamagedBankIsRefusedWithOneLineAndTheBankKept)
             << damaged;
         EXPECT_EQ(lv2Bank(*lv2), bank) << damaged;
     }
+    // Good base64 of a chunk whose bank the effect's reader refuses (preset 5's third value is NaN).
+    std::vector<unsigned char> refused = bank;
+    const std::size_t valueAt = 8 + 41 + 5 * 360 + 168 + 2 * 32 + 12 + 12;
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    std::memcpy(refused.data() + valueAt, &nan, sizeof(nan));
+    const std::string base64 = DISTRHO::String::asBase64(refused.data(), refused.size()).buffer();
+    ::testing::internal::CaptureStderr();
+    ASSERT_TRUE(lv2->restoreState(saved.substr(0, start + 1) + base64 + saved.substr(end)));
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(),
+              "ZEV Spatara: the bank in the saved state is damaged; the bank is kept as it was\n");
+    EXPECT_EQ(lv2Bank(*lv2), bank);
 }
 
 TEST(Lv2Edition, AMonoInputOnBothPortsSoundsAsTheVstPluginsMonoInput)
