@@ -1,5 +1,7 @@
 #include "CPreferencesStore.h"
 
+#include "XPlatFile.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -71,30 +73,6 @@ FileRead readWholeFile(const std::string& path, std::string& text, std::string& 
     return why.empty() ? FileRead::read : FileRead::failed;
 }
 
-bool writeWholeFile(const std::string& path, const std::string& text, mode_t mode)
-{
-    const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-    if (fd < 0) return false;
-    if (::fchmod(fd, mode) != 0)
-    {
-        ::close(fd);
-        return false;
-    }
-    std::size_t done = 0;
-    while (done < text.size())
-    {
-        const ssize_t n = ::write(fd, text.data() + done, text.size() - done);
-        if (n < 0 && errno == EINTR) continue;
-        if (n <= 0)
-        {
-            ::close(fd);
-            return false;
-        }
-        done += static_cast<std::size_t>(n);
-    }
-    const bool synced = ::fsync(fd) == 0;
-    return ::close(fd) == 0 && synced;
-}
 } // namespace
 
 CPreferencesStore::CPreferencesStore(std::string path) : fixedPath(std::move(path)) {}
@@ -207,20 +185,13 @@ bool CPreferencesStore::synchronize()
     for (const auto& [key, value] : pendingSets)
         stored.document.set(key, value);
 
-    // A preferences file linked in from elsewhere (a folder of the user's settings) stays linked: the file
-    // the link leads to is the one replaced, with the mode the user gave it.
-    std::error_code noTarget;
-    const std::filesystem::path resolved = std::filesystem::weakly_canonical(path, noTarget);
-    const std::string target = noTarget ? path : resolved.string();
-    struct stat old = {};
-    const mode_t mode = ::stat(target.c_str(), &old) == 0 ? (old.st_mode & 07777) : 0600;
-    const std::string temporary = target + ".tmp-" + std::to_string(::getpid());
-    if (!writeWholeFile(temporary, stored.document.text(), mode) ||
-        std::rename(temporary.c_str(), target.c_str()) != 0)
-    {
-        std::remove(temporary.c_str());
+    // Saved as the presets are: a preferences file linked in from a folder of the user's settings stays
+    // linked, and its mode stays. A new one is the user's alone.
+    const std::string text = stored.document.text();
+    const auto slash = path.rfind('/');
+    if (!XPlatFileSave(path.substr(slash + 1).c_str(), path.substr(0, slash + 1).c_str(), text.data(),
+                       static_cast<long>(text.size()), 0600))
         return false;
-    }
     pendingSets.clear();
     pendingRemovals.clear();
     return true;

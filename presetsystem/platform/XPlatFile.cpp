@@ -95,12 +95,13 @@ bool writeContent(int fd, const char* data, std::size_t count)
 // The new file beside the old one, with the old one's mode and owner, renamed over it when complete.
 // Answers false, leaving everything as it was, where that cannot be done (the folder is not writable, or
 // the owner could not be kept).
-bool replaceBeside(const std::string& target, const struct stat* old, const char* data, std::size_t count)
+bool replaceBeside(const std::string& target, const struct stat* old, const char* data, std::size_t count,
+                   unsigned newFileMode)
 {
     const auto slash = target.rfind('/');
     const std::string temporary = target.substr(0, slash + 1) + "." + target.substr(slash + 1) + ".saving-" +
                                   std::to_string(::getpid());
-    const int fd = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    const int fd = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, newFileMode);
     if (fd < 0) return false;
     bool done = true;
     if (old)
@@ -129,7 +130,7 @@ bool rewriteInPlace(const std::string& target, const char* data, std::size_t cou
     {
         std::vector<char> check;
         done = writeContent(fd, data, count) && readAll(fd, check, count) &&
-               std::memcmp(check.data(), data, count) == 0;
+               (count == 0 || std::memcmp(check.data(), data, count) == 0);
         if (!done) writeContent(fd, previous.data(), previous.size());
     }
     ::close(fd);
@@ -137,19 +138,20 @@ bool rewriteInPlace(const std::string& target, const char* data, std::size_t cou
 }
 } // namespace
 
-bool XPlatFileSave(const char* fileName, const char* directory, const void* data, long count)
+bool XPlatFileSave(const char* fileName, const char* directory, const void* data, long count,
+                   unsigned newFileMode)
 {
-    if (count <= 0) return false;
+    if (count < 0) return false;
     const std::string target = saveTarget(std::string(directory) + fileName);
     const auto* bytes = static_cast<const char*>(data);
     const auto size = static_cast<std::size_t>(count);
     struct stat old
     {
     };
-    if (::stat(target.c_str(), &old) != 0) return replaceBeside(target, nullptr, bytes, size);
+    if (::stat(target.c_str(), &old) != 0) return replaceBeside(target, nullptr, bytes, size, newFileMode);
     if (!S_ISREG(old.st_mode)) return false;
     // A file with other names must stay one file with them.
-    if (old.st_nlink == 1 && replaceBeside(target, &old, bytes, size)) return true;
+    if (old.st_nlink == 1 && replaceBeside(target, &old, bytes, size, newFileMode)) return true;
     return rewriteInPlace(target, bytes, size);
 }
 

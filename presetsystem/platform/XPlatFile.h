@@ -13,8 +13,10 @@ long XPlatFileOpen(const char* fileName, const char* directory, void** handle, b
 // link and its target is written, hard links stay linked, mode and owner stay. Where the folder allows, the
 // data goes to a file beside the old one that replaces it only when complete; a file with other links, or
 // in a folder the user may not write, is rewritten in place, read back and put back as it was if that
-// fails. Answers whether the file now holds the data; on false the old file is as it was.
-bool XPlatFileSave(const char* fileName, const char* directory, const void* data, long count);
+// fails. A new file gets newFileMode (less the umask). Answers whether the file now holds the data; on false
+// the old file is as it was.
+bool XPlatFileSave(const char* fileName, const char* directory, const void* data, long count,
+                   unsigned newFileMode = 0666);
 // Reads up to count bytes.
 void XPlatFileRead(void* handle, void* buffer, long count);
 // Writes count bytes.
