@@ -7,6 +7,7 @@
 #include "SharedPointer.h"
 #include "XPlatFile.h"
 
+#include <algorithm>
 #include <cstring>
 #include <sys/stat.h>
 
@@ -137,12 +138,13 @@ bool CPresetSystemEditor::applyFileImage(const char* fileName, const char* direc
     const long length = XPlatFileOpen(fileName, directory, &handle, false);
     if (length <= 4) return false; // nothing to load; the handle is left as it is, as it always has been
     // The identifier and type first: another plug-in's file is not read any further.
-    std::vector<char> image(kOldImageHeadSize);
-    XPlatFileRead(handle, image.data(), kOldImageHeadSize);
+    const long head = std::min<long>(length, kOldImageHeadSize);
+    std::vector<char> image(static_cast<std::size_t>(head));
+    XPlatFileRead(handle, image.data(), head);
     if (!isOwnImage(image))
         return false; // another plug-in's file: silently not ours, and again the handle is left as it is
     image.resize(static_cast<std::size_t>(length));
-    XPlatFileRead(handle, image.data() + kOldImageHeadSize, length - kOldImageHeadSize);
+    XPlatFileRead(handle, image.data() + head, length - head);
     XPlatFileClose(handle);
     return applyImage(image, endianReversed);
 }

@@ -10,7 +10,6 @@
 #include <filesystem>
 #include <string>
 #include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace
