@@ -7,6 +7,7 @@
 #include "ParameterTable.h"
 #include "SpataraVersion.h"
 
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 
@@ -195,6 +196,10 @@ float Spatara::getVu()
 
 void Spatara::setParameter(VstInt32 index, float value)
 {
+    // A NaN carries no value: it is dropped before it reaches the preset table or the engine, which glides
+    // on from what it had. An infinity stands for the end of the range it points to.
+    if (std::isnan(value)) return;
+    if (std::isinf(value)) value = value > 0.0f ? 1.0f : 0.0f;
     if (!isApplying()) CPresetSystemEffect::setParameter(index, value);
 
     if (isParameter(index))

@@ -89,14 +89,15 @@ void copyName(PresetRecord& record, const char* name)
     record.name[kPresetNameSize - 1] = 0; // an image may carry 24 characters; the table keeps 23
 }
 
-// A bank value out of range is repaired and reported rather than refused, on save as on load; NaN passes
-// unchanged.
+// A bank value out of range is repaired and reported rather than refused, on save as on load, so that one bad
+// value never costs the user the other presets. A NaN, which no comparison catches, counts as out of range
+// and becomes the bottom of it.
 float repairedValue(const char* when, int parameter, float value, long presetIndex, const char* name)
 {
-    if (!(value < 0.0f || value > 1.0f)) return value;
+    if (isNormalised(value)) return value;
     std::fprintf(stderr, "Invalid parameter %d value %f on %s of preset %ld %s\n", parameter,
                  static_cast<double>(value), when, presetIndex, name);
-    return value < 0.0f ? 0.0f : 1.0f;
+    return value > 1.0f ? 1.0f : 0.0f;
 }
 } // namespace
 
@@ -275,11 +276,7 @@ bool CPresetSystemEditor::BufferToBank(const char* chunks, std::size_t length, c
                                               reader.floatAt(chunk.payload + kValueOffsetInPayload),
                                               chunk.presetIndex, record.name);
             if (parameter < static_cast<std::uint32_t>(kNumStoredValues))
-            {
-                if (!isNormalised(value)) // only NaN is left here
-                    return saved.restore();
                 record.setValue(static_cast<int>(parameter), value);
-            }
         }
     }
 

@@ -11,7 +11,6 @@
 
 #include <cstring>
 #include <gtest/gtest.h>
-#include <limits>
 #include <set>
 #include <vector>
 
@@ -293,11 +292,12 @@ TEST(Lv2State, ADamagedBankIsRefusedWithOneLineAndTheBankKept)
             << damaged;
         EXPECT_EQ(lv2Bank(*lv2), bank) << damaged;
     }
-    // Good base64 of a chunk whose bank the effect's reader refuses (preset 5's third value is NaN).
+    // Good base64 of a chunk whose bank the effect's reader refuses half-way (preset 5's third value chunk
+    // claims a negative size).
     std::vector<unsigned char> refused = bank;
-    const std::size_t valueAt = 8 + 41 + 5 * 360 + 168 + 2 * 32 + 12 + 12;
-    const float nan = std::numeric_limits<float>::quiet_NaN();
-    std::memcpy(refused.data() + valueAt, &nan, sizeof(nan));
+    const std::size_t sizeAt = 8 + 41 + 5 * 360 + 168 + 2 * 32 + 4;
+    const std::int32_t negative = -1;
+    std::memcpy(refused.data() + sizeAt, &negative, sizeof(negative));
     const std::string base64 = DISTRHO::String::asBase64(refused.data(), refused.size()).buffer();
     ::testing::internal::CaptureStderr();
     ASSERT_TRUE(lv2->restoreState(saved.substr(0, start + 1) + base64 + saved.substr(end)));

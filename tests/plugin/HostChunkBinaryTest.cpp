@@ -84,10 +84,11 @@ TEST_F(HostChunkThroughTheBinary, BankRefusedByTheReaderAnswersZeroAndKeepsTheTa
     char newName[] = "before the chunk";
     host->dispatch(effSetProgramName, 0, 0, newName);
     const Bytes before = getChunk();
-    // Preset 5, value 2 becomes NaN: the bank reader gives up and puts the table back.
-    const std::size_t valueAt = 8 + 41 + 5 * 360 + 168 + 2 * 32 + 12 + 12;
-    ASSERT_EQ(int32At(chunk, valueAt - 12 - 12 + 8), 5);
-    putInt32(chunk, valueAt, 0x7fc00000);
+    // Preset 5's third value chunk claims a negative size: the bank reader gives up half-way and puts the
+    // table back.
+    const std::size_t chunkAt = 8 + 41 + 5 * 360 + 168 + 2 * 32;
+    ASSERT_EQ(int32At(chunk, chunkAt + 8), 5);
+    putInt32(chunk, chunkAt + 4, -1);
     EXPECT_EQ(setChunk(chunk), 0);
     EXPECT_EQ(getChunk(), before);
     EXPECT_EQ(presetName(0), "before the chunk");

@@ -1,3 +1,4 @@
+#include "ParameterTable.h"
 #include "Spatara.h"
 #include "SpataraFixture.h"
 
@@ -18,8 +19,10 @@ TEST_F(ParameterModel, ModeThresholdsAre033And067)
     EXPECT_EQ(effect.getParameterValue(kMode), 2.0f);
     effect.setParameter(kMode, 0.3299f);
     EXPECT_EQ(effect.getParameterValue(kMode), 0.0f);
+    // A value that fails both comparisons reads as the last mode; the effect itself never takes a NaN.
+    EXPECT_EQ(spatara::parameterInfo(kMode).toEngine(NAN), 2.0f);
     effect.setParameter(kMode, NAN);
-    EXPECT_EQ(effect.getParameterValue(kMode), 2.0f);
+    EXPECT_EQ(effect.getParameterValue(kMode), 0.0f);
 }
 
 TEST_F(ParameterModel, ProcessSwitchesAtOneHalf)

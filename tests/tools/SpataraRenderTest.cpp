@@ -173,10 +173,7 @@ TEST_F(SpataraRender, UnknownParameterIsRefused)
 TEST_F(SpataraRender, OutOfRangeValueIsRefused)
 {
     ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(2, 44100, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 0.1)));
-    const auto result = render(dir.file("in.wav"), dir.file("out.wav"), "--param depth=1.5");
-    EXPECT_EQ(result.exitCode, 2);
-    EXPECT_NE(result.err.find("from 0 to 1"), std::string::npos) << result.err;
-    EXPECT_FALSE(std::filesystem::exists(dir.file("out.wav")));
+    expectRefusal(render(dir.file("in.wav"), dir.file("out.wav"), "--param depth=1.5"), "from 0 to 1");
 }
 
 TEST_F(SpataraRender, ChunkSavedChangedAndRestoredComesBackByteForByte)
@@ -341,15 +338,77 @@ TEST_F(SpataraRender, AChunkWhoseBankThePluginRefusesIsReportedInOneLine)
     ASSERT_EQ(info("--preset 3 --chunk-out " + shellQuote(dir.file("saved.chunk"))).exitCode, 0);
     std::string chunk = slurp(dir.file("saved.chunk"));
     ASSERT_EQ(chunk.size(), 13729u);
-    // Preset 5's third value becomes NaN: the plug-in takes the chunk's head, its bank reader refuses the
-    // bank and keeps the presets it had.
-    const std::size_t valueAt = 8 + 41 + 5 * 360 + 168 + 2 * 32 + 12 + 12;
-    const unsigned char nan[4] = {0x00, 0x00, 0xc0, 0x7f};
-    chunk.replace(valueAt, 4, reinterpret_cast<const char*>(nan), 4);
+    // Preset 5's third value chunk claims a negative size: the plug-in takes the chunk's head, its bank
+    // reader refuses the bank half-way and keeps the presets it had.
+    const std::size_t sizeAt = 8 + 41 + 5 * 360 + 168 + 2 * 32 + 4;
+    const unsigned char minusOne[4] = {0xff, 0xff, 0xff, 0xff};
+    chunk.replace(sizeAt, 4, reinterpret_cast<const char*>(minusOne), 4);
     std::ofstream(dir.file("damaged.chunk"), std::ios::binary) << chunk;
 
     const auto result = info("--chunk-in " + shellQuote(dir.file("damaged.chunk")));
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_EQ(lines(result.err), 1) << result.err;
     EXPECT_NE(result.err.find("refused"), std::string::npos) << result.err;
+}
+
+TEST_F(SpataraRender, EveryUnitFormRendersAsItsNormalisedForm)
+{
+    ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(2, 44100, SF_FORMAT_WAV | SF_FORMAT_FLOAT, 0.3)));
+    const std::pair<const char*, const char*> forms[] = {
+        {"depth=60%", "depth=0.6"},       {"baseFreq=265Hz", "baseFreq=0.5"},
+        {"baseFreq=265", "baseFreq=0.5"}, {"wdth/emph=40%", "wdth/emph=0.4"},
+        {"process=off", "process=0"},     {"process=On", "process=1"},
+        {"phase=on", "phase=1"},          {"phase=off", "phase=0"},
+        {"mode=Mode2", "mode=0.5"},       {"mode=2", "mode=0.5"},
+        {"mode=mode3", "mode=1.0"},       {"mode=1", "mode=0"},
+    };
+    for (const auto& [unit, normalised] : forms)
+    {
+        // From a preset the form changes: "enhanced space 1" runs mode 1 with other values throughout.
+        const std::string preset = "--preset 5 --param ";
+        ASSERT_EQ(render(dir.file("in.wav"), dir.file("unit.wav"), preset + shellQuote(unit)).exitCode, 0)
+            << unit;
+        ASSERT_EQ(
+            render(dir.file("in.wav"), dir.file("normalised.wav"), preset + shellQuote(normalised)).exitCode,
+            0)
+            << normalised;
+        Audio a, b;
+        ASSERT_TRUE(readAudio(dir.file("unit.wav"), a));
+        ASSERT_TRUE(readAudio(dir.file("normalised.wav"), b));
+        EXPECT_EQ(a.samples, b.samples) << unit << " against " << normalised;
+    }
+}
+
+TEST_F(SpataraRender, ListPresetsPrintsTheThirtyEightNumbersAndNames)
+{
+    const auto result = runCommand(shellQuote(kRender) + " --list-presets " + shellQuote(kPlugin));
+    ASSERT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(lines(result.out), 38) << result.out;
+    EXPECT_EQ(result.out.substr(0, result.out.find('\n')), "0 init");
+    EXPECT_NE(result.out.find("\n5 enhanced space 1\n"), std::string::npos) << result.out;
+    // The same list --info shows under its programs, each line without the indent.
+    const std::string shown = info().out;
+    std::string listed;
+    for (std::size_t at = shown.find("programs:\n") + 10; at < shown.size();)
+    {
+        const std::size_t end = shown.find('\n', at);
+        listed += shown.substr(at + 2, end - at - 2) + "\n";
+        at = end + 1;
+    }
+    EXPECT_EQ(result.out, listed);
+}
+
+TEST_F(SpataraRender, ABadArgumentPrintsOneLineAndExitsWithTwo)
+{
+    for (const char* arguments :
+         {"--bogus", "only-one-file", "a b c --param depth", "a b c --param depth=lots",
+          "a b c --param baseFreq=2000Hz", "a b c --param mode=7", "a b c --block 0", "a b c --preset"})
+    {
+        const auto result = runCommand(shellQuote(kRender) + " " + arguments);
+        EXPECT_EQ(result.exitCode, 2) << arguments;
+        EXPECT_EQ(lines(result.err), 1) << arguments << ": " << result.err;
+        EXPECT_EQ(result.err.rfind("spatara-render: ", 0), 0u) << result.err;
+        EXPECT_TRUE(result.err.size() > 13 && result.err.substr(result.err.size() - 13) == "; try --help\n")
+            << result.err;
+    }
 }
