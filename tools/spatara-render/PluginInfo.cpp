@@ -81,10 +81,15 @@ void printPluginInfo(VstPluginHost& host, std::ostream& out)
         out << "\n";
     }
     out << "programs:\n";
+    printPresetList(host, out, "  ");
+}
+
+void printPresetList(VstPluginHost& host, std::ostream& out, const char* indent)
+{
     for (VstInt32 i = 0;; ++i)
     {
         char name[256] = {};
         if (host.dispatch(effGetProgramNameIndexed, i, 0, name) == 0) break;
-        out << "  " << i << " " << name << "\n";
+        out << indent << i << " " << name << "\n";
     }
 }

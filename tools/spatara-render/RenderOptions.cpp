@@ -1,7 +1,8 @@
 #include "RenderOptions.h"
 
+#include "ParameterArgument.h"
+
 #include <cerrno>
-#include <cmath>
 #include <cstdlib>
 #include <sys/stat.h>
 
@@ -17,14 +18,6 @@ bool parseInt(const std::string& text, int& value)
     return true;
 }
 
-bool parseUnit(const std::string& text, float& value)
-{
-    char* end = nullptr;
-    const float parsed = std::strtof(text.c_str(), &end);
-    if (text.empty() || *end != 0 || !(parsed >= 0.0f && parsed <= 1.0f)) return false;
-    value = parsed;
-    return true;
-}
 // Whether both names lead to one file: the same path, a hard link or a symbolic link to it.
 bool sameFile(const std::string& first, const std::string& second)
 {
@@ -45,15 +38,20 @@ const char* renderUsage()
     return "Usage: spatara-render PLUGIN.so IN.wav OUT.wav [--preset N|NAME] [--param NAME=VALUE ...] "
            "[--block N] [--double] [--chunk-in FILE] [--chunk-out FILE]\n"
            "  or:  spatara-render --info PLUGIN.so [--chunk-in FILE] [--chunk-out FILE]\n"
+           "  or:  spatara-render --list-presets PLUGIN.so [--chunk-in FILE]\n"
            "  or:  spatara-render --help | --version\n"
            "\n"
            "  --preset N|NAME    start from factory or bank preset N (0..37) or the preset of that name\n"
-           "  --param NAME=V     set a parameter by name to a normalised value 0..1 (after the preset)\n"
+           "  --param NAME=V     set a parameter by name (after the preset) to a normalised value 0..1\n"
+           "                     or to the value the editor shows: depth=60%, baseFreq=265Hz (or 265),\n"
+           "                     wdth/emph=40%, process=on, phase=off, mode=Mode2 (or 2; 0.5 and 1.0 stay\n"
+           "                     normalised)\n"
            "  --block N          process in blocks of N frames (default 512)\n"
            "  --double           process in double precision\n"
            "  --chunk-in FILE    restore the state a host saved (as when reopening a project)\n"
            "  --chunk-out FILE   save the state a host would store in its project\n"
            "  --info             print what the plug-in reports about itself instead of rendering\n"
+           "  --list-presets     print the numbers and names of the plug-in's presets\n"
            "  --help             print this text\n"
            "  --version          print the version of spatara-render\n";
 }
@@ -82,6 +80,8 @@ std::optional<RenderOptions> parseRenderOptions(int argc, char** argv, std::stri
             options.version = true;
         else if (arg == "--info")
             options.info = true;
+        else if (arg == "--list-presets")
+            options.listPresets = true;
         else if (arg == "--double")
             options.doublePrecision = true;
         else if (arg == "--preset")
@@ -93,19 +93,15 @@ std::optional<RenderOptions> parseRenderOptions(int argc, char** argv, std::stri
         {
             if (!value(text)) return std::nullopt;
             const auto equals = text.find('=');
-            float v = 0.0f;
             if (equals == std::string::npos || equals == 0)
             {
                 error = "--param wants NAME=VALUE, got '" + text + "'";
                 return std::nullopt;
             }
-            if (!parseUnit(text.substr(equals + 1), v))
-            {
-                error = "value of " + text.substr(0, equals) + " must be a number from 0 to 1, got '" +
-                        text.substr(equals + 1) + "'";
-                return std::nullopt;
-            }
-            options.params.emplace_back(text.substr(0, equals), v);
+            const std::string name = text.substr(0, equals);
+            const std::optional<float> v = normalisedParameterValue(name, text.substr(equals + 1), error);
+            if (!v) return std::nullopt;
+            options.params.emplace_back(name, *v);
         }
         else if (arg == "--block")
         {
@@ -130,11 +126,11 @@ std::optional<RenderOptions> parseRenderOptions(int argc, char** argv, std::stri
             positional.push_back(arg);
     }
     if (options.help || options.version) return options;
-    if (options.info)
+    if (options.info || options.listPresets)
     {
         if (positional.size() != 1)
         {
-            error = "--info wants exactly one plug-in";
+            error = std::string(options.info ? "--info" : "--list-presets") + " wants exactly one plug-in";
             return std::nullopt;
         }
         options.plugin = positional[0];
@@ -155,7 +151,7 @@ bool outputsSpareInputs(const RenderOptions& options, std::string& error)
 {
     std::vector<std::pair<const char*, std::string>> read = {{"the plug-in", options.plugin}};
     std::vector<std::string> written;
-    if (!options.info)
+    if (!options.info && !options.listPresets)
     {
         read.emplace_back("the input", options.input);
         written.push_back(options.output);

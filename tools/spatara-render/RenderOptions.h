@@ -9,6 +9,7 @@
 struct RenderOptions
 {
     bool info = false;
+    bool listPresets = false;
     bool help = false;
     bool version = false;
     std::string plugin;

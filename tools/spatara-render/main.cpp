@@ -37,7 +37,7 @@ int main(int argc, char** argv)
     const auto options = parseRenderOptions(argc, argv, error);
     if (!options)
     {
-        std::cerr << "spatara-render: " << error << "\n" << renderUsage();
+        std::cerr << "spatara-render: " << error << "; try --help\n";
         return kFailure;
     }
     if (options->help)
@@ -59,6 +59,10 @@ int main(int argc, char** argv)
     if (options->info)
     {
         printPluginInfo(*host, std::cout);
+    }
+    else if (options->listPresets)
+    {
+        printPresetList(*host, std::cout, "");
     }
     else
     {
