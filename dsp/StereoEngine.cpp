@@ -119,6 +119,12 @@ void StereoEngine::resume(float sampleRate)
     clearState();
     aimDelay();
     // A resumed effect starts at its targets instead of gliding to them.
+    jumpRequested_.store(false, kRelaxed);
+    jumpToTargets();
+}
+
+void StereoEngine::jumpToTargets()
+{
     depth_.jumpTo(depthTarget_.load(kRelaxed));
     width_.jumpTo(widthTarget_.load(kRelaxed));
     glide_.jumpTo(targetPosition_.load(kRelaxed));
@@ -171,6 +177,7 @@ void StereoEngine::processBlock(const Sample* inL, const Sample* inR, Sample* ou
         lineA_.clear();
         lineB_.clear();
     }
+    if (jumpRequested_.exchange(false, std::memory_order_acquire)) jumpToTargets();
 
     if (process_.load(kRelaxed) < 0.5f)
     {

@@ -42,6 +42,9 @@ class StereoEngine
     void resume(float sampleRate);
     // Clears the state and re-aims the delay, leaving coefficients and smoothed values as they are.
     void suspend(float sampleRate);
+    // The next block starts at the targets instead of gliding to them, as a resumed effect does: for hosts
+    // that hand over their values with the first block after switching the effect on. Any thread.
+    void jumpAtNextBlock() { jumpRequested_.store(true, std::memory_order_release); }
 
     // --- processing, audio thread ----------------------------------------------------------------------
 
@@ -80,6 +83,7 @@ class StereoEngine
 
     void clearState();
     void aimDelay();
+    void jumpToTargets();
 
     // Targets, written by any thread and read once per block by the audio thread.
     std::atomic<float> depthTarget_{0.0f};
@@ -93,6 +97,7 @@ class StereoEngine
     // A mode change asks the audio thread to clear the delay lines at its next block: clearing them
     // from the caller's thread would race with the running process().
     std::atomic<bool> clearRequested_{false};
+    std::atomic<bool> jumpRequested_{false};
     std::atomic<float> meter_{0.0f};
 
     // Audio-thread state.

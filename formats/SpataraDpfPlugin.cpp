@@ -222,6 +222,10 @@ void SpataraDpfPlugin::setState(const char* key, const char* value)
 void SpataraDpfPlugin::activate()
 {
     dispatch(effMainsChanged, 0, 1, nullptr, 0.0f);
+    // A VST 2.4 host sets the parameters before it switches the effect on, which then starts on them. Hosts
+    // of these formats hand the values they set before over with the first block instead (LV2 ports,
+    // VST3 and CLAP events): those are taken as a jump too, and only later changes glide.
+    effect->jumpAtNextBlock();
     active = true;
 }
 

@@ -33,6 +33,8 @@ class Spatara : public CPresetSystemEffect
     VstInt32 getGetTailSize() override;
     // The balance meter, -0.5 (anti-phase) .. +0.5 (mono); any thread.
     float getStereoMeter() const { return engine.meter(); }
+    // The next block starts at the parameters' values instead of gliding to them (any thread).
+    void jumpAtNextBlock() { engine.jumpAtNextBlock(); }
     // Our own request: 'ZvMt' writes the balance meter into the float at ptr, so offline hosts can show it.
     VstIntPtr vendorSpecific(VstInt32 index, VstIntPtr value, void* ptr, float opt) override;
 

@@ -593,3 +593,34 @@ TEST(StereoEngineLifeCycle, EnvelopesCloseFifteenSixteenthsIn600Milliseconds)
     EXPECT_NEAR(engine.sumEnvelope(), 0.75 * 15.0 / 16.0, 1e-5);
     EXPECT_NEAR(engine.differenceEnvelope(), 0.25 * 15.0 / 16.0, 1e-5);
 }
+
+TEST(StereoEngineGlide, AJumpAskedForStartsTheNextBlockOnTheTargetsAndLaterChangesGlideAgain)
+{
+    StereoEngine engine;
+    prepare(engine, {.depth = 0.2f, .width = 0.1f, .baseFrequency = 265.0f, .mode = 1.0f});
+    engine.setDepth(1.5f);
+    engine.setWidth(0.8f);
+    engine.setBaseFrequency(50.0f);
+    engine.jumpAtNextBlock();
+    glidePositions(engine, 1);
+    EXPECT_EQ(engine.smoothedDepth(), 1.5f);
+    EXPECT_EQ(engine.smoothedWidth(), 0.8f);
+    EXPECT_EQ(engine.delayPosition(), engine.targetDelayPosition());
+
+    // Asked once, jumped once: the next change glides.
+    engine.setDepth(0.5f);
+    glidePositions(engine, 1);
+    EXPECT_GT(engine.smoothedDepth(), 0.5f);
+    EXPECT_LT(engine.smoothedDepth(), 1.5f);
+}
+
+TEST(StereoEngineGlide, AResumeAnswersAJumpAskedForBeforeIt)
+{
+    StereoEngine engine;
+    prepare(engine, {.depth = 0.2f});
+    engine.jumpAtNextBlock();
+    engine.resume(kRate);
+    engine.setDepth(1.0f);
+    glidePositions(engine, 1);
+    EXPECT_LT(engine.smoothedDepth(), 1.0f) << "the resume already started the engine on its targets";
+}

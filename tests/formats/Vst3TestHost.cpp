@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <dlfcn.h>
 
@@ -20,8 +21,8 @@ std::string fromUtf16(const int16_t* text, std::size_t size)
 }
 constexpr int32_t kBlock = 64;
 
-// ---- one change of one parameter at the start of a block, as the host's list of changes: objects are
-// pointers to their tables of functions, each table the three of funknown first
+// ---- changes of parameters at the start of a block, as the host's list of changes: objects are pointers to
+// their tables of functions, each table the three of funknown first
 struct Change
 {
     v3_funknown unknown;
@@ -33,7 +34,7 @@ struct Changes
 {
     v3_funknown unknown;
     v3_param_changes changes;
-    Change** change;
+    std::vector<Change*> list;
 };
 
 v3_result V3_API noInterface(void*, const v3_tuid, void** iface)
@@ -64,10 +65,16 @@ v3_result V3_API refuseAddPoint(void*, int32_t, double, int32_t*)
 {
     return V3_NOT_IMPLEMENTED;
 }
+int32_t V3_API changeCount(void* self)
+{
+    return static_cast<int32_t>((*static_cast<Changes**>(self))->list.size());
+}
 v3_param_value_queue** V3_API changeAt(void* self, int32_t index)
 {
-    return index == 0 ? reinterpret_cast<v3_param_value_queue**>((*static_cast<Changes**>(self))->change)
-                      : nullptr;
+    const std::vector<Change*>& list = (*static_cast<Changes**>(self))->list;
+    return index >= 0 && index < static_cast<int32_t>(list.size())
+               ? reinterpret_cast<v3_param_value_queue**>(&(*static_cast<Changes**>(self))->list[index])
+               : nullptr;
 }
 v3_param_value_queue** V3_API refuseAddChange(void*, v3_param_id*, int32_t*)
 {
@@ -196,19 +203,33 @@ double Vst3TestHost::normalised(v3_param_id id, double plain) const
 
 void Vst3TestHost::automate(v3_param_id id, double value)
 {
-    Change change{{noInterface, onStack, onStack}, {changedId, one, pointAt, refuseAddPoint}, id, value};
-    Change* changeObject = &change;
-    Changes changes{{noInterface, onStack, onStack}, {one, changeAt, refuseAddChange}, &changeObject};
-    Changes* changesObject = &changes;
     std::array<float, kBlock> silence{}, left{}, right{};
-    float* in[2] = {silence.data(), silence.data()};
-    float* out[2] = {left.data(), right.data()};
-    v3_audio_bus_buffers inputs{2, 0, {in}};
-    v3_audio_bus_buffers outputs{2, 0, {out}};
-    v3_process_data data{V3_REALTIME, V3_SAMPLE_32, kBlock,  1,       1,       &inputs,
-                         &outputs,    nullptr,      nullptr, nullptr, nullptr, nullptr};
-    data.input_params = reinterpret_cast<v3_param_changes**>(&changesObject);
-    EXPECT_EQ(v3_cpp_obj(processor)->process(processor, &data), V3_OK) << id << " " << value;
+    process(silence.data(), silence.data(), left.data(), right.data(), kBlock, {{id, value}});
+}
+
+void Vst3TestHost::process(const float* inL, const float* inR, float* outL, float* outR, uint32_t frames,
+                           const std::vector<std::pair<v3_param_id, double>>& changesAtStart)
+{
+    std::vector<Change> changed;
+    for (const auto& [id, value] : changesAtStart)
+        changed.push_back(
+            Change{{noInterface, onStack, onStack}, {changedId, one, pointAt, refuseAddPoint}, id, value});
+    Changes changes{{noInterface, onStack, onStack}, {changeCount, changeAt, refuseAddChange}, {}};
+    for (Change& change : changed)
+        changes.list.push_back(&change);
+    Changes* changesObject = &changes;
+    for (uint32_t done = 0; done < frames; done += kBlock)
+    {
+        const auto n = static_cast<int32_t>(std::min<uint32_t>(kBlock, frames - done));
+        float* in[2] = {const_cast<float*>(inL + done), const_cast<float*>(inR + done)};
+        float* out[2] = {outL + done, outR + done};
+        v3_audio_bus_buffers inputs{2, 0, {in}};
+        v3_audio_bus_buffers outputs{2, 0, {out}};
+        v3_process_data data{V3_REALTIME, V3_SAMPLE_32, n,       1,       1,       &inputs,
+                             &outputs,    nullptr,      nullptr, nullptr, nullptr, nullptr};
+        if (done == 0) data.input_params = reinterpret_cast<v3_param_changes**>(&changesObject);
+        ASSERT_EQ(v3_cpp_obj(processor)->process(processor, &data), V3_OK) << "at frame " << done;
+    }
 }
 
 std::string Vst3TestHost::text(v3_param_id id, double value) const

@@ -12,6 +12,8 @@
 
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 class Vst3TestHost
 {
@@ -29,6 +31,10 @@ class Vst3TestHost
     double normalised(v3_param_id id, double plain) const;
     // Processes one block of silence that changes this parameter at its start, as automation does.
     void automate(v3_param_id id, double value);
+    // Processes audio at 44.1 kHz in blocks of at most 64 frames; the changes (normalised values) come with
+    // the first block, as a host sends what it set while the plug-in was not processing.
+    void process(const float* inL, const float* inR, float* outL, float* outR, uint32_t frames,
+                 const std::vector<std::pair<v3_param_id, double>>& changesAtStart = {});
     // The controller's text for this normalised value, or "<refused>".
     std::string text(v3_param_id id, double value) const;
 

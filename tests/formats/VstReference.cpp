@@ -50,6 +50,24 @@ void setVst(VstPluginHost& host, const Settings& settings)
         host.effect()->setParameter(host.effect(), i, settings[i]);
 }
 
+std::unique_ptr<VstPluginHost> loadVstStartedAfter(double rate,
+                                                   const std::function<void(VstPluginHost&)>& prepare)
+{
+    std::string error;
+    auto host = VstPluginHost::load(SPATARA_PLUGIN_PATH, error);
+    EXPECT_TRUE(host) << error;
+    if (!host) return host;
+    host->open();
+    prepare(*host);
+    host->start(static_cast<float>(rate), kBlock);
+    return host;
+}
+
+std::unique_ptr<VstPluginHost> loadVstStartedOn(double rate, const Settings& settings)
+{
+    return loadVstStartedAfter(rate, [&](VstPluginHost& host) { setVst(host, settings); });
+}
+
 Stereo runVst(VstPluginHost& host, const Stereo& in, bool mono)
 {
     Stereo out{std::vector<float>(in.left.size()), std::vector<float>(in.left.size())};

@@ -32,6 +32,12 @@ Stereo testSignal(double rate);
 // does not load.
 std::unique_ptr<VstPluginHost> loadVst(double rate);
 void setVst(VstPluginHost& host, const Settings& settings);
+// The plug-in opened, prepared (its parameters set, a chunk restored) and only then switched on, as a host
+// starts it on a project's values: it starts on them without gliding. Null (and a test failure) if it does
+// not load.
+std::unique_ptr<VstPluginHost> loadVstStartedAfter(double rate,
+                                                   const std::function<void(VstPluginHost&)>& prepare);
+std::unique_ptr<VstPluginHost> loadVstStartedOn(double rate, const Settings& settings);
 // mono: the left input on both of the plug-in's inputs, one buffer, as a host feeds a mono track.
 Stereo runVst(VstPluginHost& host, const Stereo& in, bool mono = false);
 std::vector<unsigned char> vstChunk(VstPluginHost& host);
