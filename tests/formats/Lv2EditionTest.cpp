@@ -106,6 +106,35 @@ TEST(Lv2Bundle, Lv2infoListsPortsRangesPropertiesAndPresets)
         EXPECT_NE(r.out.find(expected), std::string::npos) << expected << "\n" << r.out;
 }
 
+TEST(Lv2Bundle, RequiresNoWorkerAndSoundsTheSameInAHostThatOffersNone)
+{
+    const CommandResult r =
+        runCommand("LV2_PATH=" + shellQuote(std::string(SPATARA_LV2_BUNDLE) + "/..") + " lv2info " + kUri);
+    ASSERT_EQ(r.exitCode, 0) << r.err;
+    const std::size_t required = r.out.find("Required Features:"),
+                      optional = r.out.find("Optional Features:");
+    ASSERT_NE(required, std::string::npos) << r.out;
+    ASSERT_NE(optional, std::string::npos) << r.out;
+    const std::string requiredList = r.out.substr(required, optional - required);
+    EXPECT_EQ(requiredList.find("worker"), std::string::npos) << requiredList;
+    EXPECT_NE(requiredList.find("urid#map"), std::string::npos) << requiredList;
+
+    std::string error;
+    auto lv2 = Lv2TestHost::load(SPATARA_LV2_BUNDLE, kUri, 44100.0, kBlock, error, false);
+    ASSERT_TRUE(lv2) << error;
+    const Stereo in = testSignal(44100.0);
+    setLv2(*lv2, kEveryMode[1]);
+    auto vst = loadVstStartedOn(44100.0, kEveryMode[1]);
+    ASSERT_TRUE(vst);
+    EXPECT_LE(largestDifference(runLv2(*lv2, in), runVst(*vst, in)), 1e-6);
+    // The bank still travels through the state, worker or not.
+    const std::string saved = lv2->saveState();
+    auto second = Lv2TestHost::load(SPATARA_LV2_BUNDLE, kUri, 44100.0, kBlock, error, false);
+    ASSERT_TRUE(second) << error;
+    ASSERT_TRUE(second->restoreState(saved));
+    EXPECT_EQ(lv2Bank(*second), lv2Bank(*lv2));
+}
+
 TEST(Lv2Bundle, OffersTheThirtyDistinctFactoryPresetsByName)
 {
     auto host = loadLv2(44100.0);

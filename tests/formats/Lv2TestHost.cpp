@@ -39,9 +39,11 @@ LV2_State_Status collect(LV2_State_Handle handle, uint32_t key, const void* valu
 } // namespace
 
 std::unique_ptr<Lv2TestHost> Lv2TestHost::load(const std::string& bundle, const std::string& uri,
-                                               double sampleRate, uint32_t blockSize, std::string& error)
+                                               double sampleRate, uint32_t blockSize, std::string& error,
+                                               bool offerWorker)
 {
     std::unique_ptr<Lv2TestHost> host(new Lv2TestHost());
+    host->workerOffered = offerWorker;
     host->rate = sampleRate;
     host->block = blockSize;
     host->blockOption = static_cast<std::int32_t>(blockSize);
@@ -88,7 +90,7 @@ bool Lv2TestHost::instantiate(const std::string& bundle, const std::string& uri,
                       {LV2_OPTIONS__options, options.data()},
                       {LV2_BUF_SIZE__boundedBlockLength, nullptr}};
     for (const LV2_Feature& feature : featureRecords)
-        features.push_back(&feature);
+        if (workerOffered || std::string(feature.URI) != LV2_WORKER__schedule) features.push_back(&feature);
     features.push_back(nullptr);
 
     instance = lilv_plugin_instantiate(plugin, rate, features.data());

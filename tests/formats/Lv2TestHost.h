@@ -20,9 +20,10 @@ class Lv2TestHost
 {
   public:
     // Loads the plug-in with this URI from the bundle folder and instantiates it; null and a reason on
-    // failure.
+    // failure. offerWorker false leaves the worker out, as some hosts do.
     static std::unique_ptr<Lv2TestHost> load(const std::string& bundle, const std::string& uri,
-                                             double sampleRate, uint32_t blockSize, std::string& error);
+                                             double sampleRate, uint32_t blockSize, std::string& error,
+                                             bool offerWorker = true);
     ~Lv2TestHost();
     Lv2TestHost(const Lv2TestHost&) = delete;
     Lv2TestHost& operator=(const Lv2TestHost&) = delete;
@@ -74,6 +75,7 @@ class Lv2TestHost
     const LilvPlugin* plugin = nullptr;
     LilvInstance* instance = nullptr;
     bool active = false;
+    bool workerOffered = true;
 
     LV2_URID_Map mapFeature{};
     LV2_URID_Unmap unmapFeature{};
