@@ -35,7 +35,7 @@ TEST(RenderDocumentation, ManualPageNamesEveryOptionOfTheHelp)
     const CommandResult help = runCommand(shellQuote(kRender) + " --help");
     ASSERT_EQ(help.exitCode, 0);
     const std::set<std::string> helpOptions = optionsIn(help.out);
-    EXPECT_EQ(helpOptions.size(), 9u);
+    EXPECT_EQ(helpOptions.size(), 10u);
 
     // groff writes a hyphen in an option as "\-"; undo that before looking for the options.
     const CommandResult page = runCommand("gzip -dc " + shellQuote(kManualPage) + " | sed 's/\\\\-/-/g'");
