@@ -3,7 +3,10 @@
 #include "AudioEffectX.h"
 #include "CBitmap.h"
 #include "CFrame.h"
+#include "platform/DesktopScale.h"
 #include "platform/PlatformWindow.h"
+
+#include <cmath>
 
 AEffGUIEditor::AEffGUIEditor(AudioEffect* effect) : AEffEditor(effect) {}
 
@@ -15,14 +18,51 @@ AEffGUIEditor::~AEffGUIEditor()
 bool AEffGUIEditor::getRect(ERect** outRect)
 {
     if (!outRect) return false;
-    *outRect = &rect;
+    const double scale = getScale();
+    const auto scaled = [scale](VstInt16 units) { return static_cast<VstInt16>(std::lround(units * scale)); };
+    scaledRect = ERect{scaled(rect.top), scaled(rect.left), scaled(rect.bottom), scaled(rect.right)};
+    *outRect = &scaledRect;
     return true;
 }
 
 bool AEffGUIEditor::open(void* ptr)
 {
+    // The desktop may have changed since the last open; a host's scale stays.
+    desktopScaleRead = 0.0;
     AEffEditor::open(ptr);
     return true;
+}
+
+double AEffGUIEditor::getScale() const
+{
+    return frame ? frame->getScale() : wantedScale();
+}
+
+double AEffGUIEditor::wantedScale() const
+{
+    if (hostScale > 0.0) return hostScale;
+    if (desktopScaleRead == 0.0) desktopScaleRead = spatara::desktopScale();
+    return desktopScaleRead;
+}
+
+bool AEffGUIEditor::setHostScale(double scale)
+{
+    if (!(scale >= 1.0 && scale <= 4.0)) return false;
+    hostScale = scale;
+    applyScale();
+    return true;
+}
+
+void AEffGUIEditor::applyScale()
+{
+    const double scale = wantedScale();
+    if (!frame || scale == frame->getScale()) return;
+    const auto pixels = [scale](VstInt16 units) { return static_cast<VstInt32>(std::lround(units * scale)); };
+    auto* effectX = dynamic_cast<AudioEffectX*>(effect);
+    // A host that does not resize its window would cut the editor off: the frame keeps its scale then.
+    if (!effectX || !effectX->sizeWindow(pixels(rect.right - rect.left), pixels(rect.bottom - rect.top)))
+        return;
+    frame->setScale(scale);
 }
 
 void AEffGUIEditor::close()

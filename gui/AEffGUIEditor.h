@@ -16,7 +16,8 @@ class AEffGUIEditor : public AEffEditor, public VSTGUIEditorInterface
     ~AEffGUIEditor() override;
 
     // ---- host requests (host's UI thread)
-    // effEditGetRect: the rectangle set by the subclass (usually from its background bitmap).
+    // effEditGetRect: the rectangle set by the subclass (usually from its background bitmap), in window
+    // pixels: times the scale.
     bool getRect(ERect** rect) override;
     // effEditOpen: remembers the host's window; a subclass then builds its frame in it and returns true.
     bool open(void* ptr) override;
@@ -37,6 +38,14 @@ class AEffGUIEditor : public AEffEditor, public VSTGUIEditorInterface
     int32_t getKnobMode() const override { return knobMode; }
     void doIdleStuff() override { idle(); }
     CFrame* getFrame() const override { return frame; }
+
+    // ---- scale (UI thread)
+    // The scale of the open window; while closed, the scale it will open at: the host's when it gave one,
+    // else the desktop's (read again at each open).
+    double getScale() const override;
+    // The scale a host asks for (1 to 4; others are refused with false). While the window is open, the frame
+    // redraws at it and the host is asked to resize its window; a host that refuses keeps the old size.
+    bool setHostScale(double scale);
     // Sets the effect's parameter and tells the host, so that it records automation.
     void setParameterAutomated(VstInt32 index, float value);
 
@@ -51,6 +60,13 @@ class AEffGUIEditor : public AEffEditor, public VSTGUIEditorInterface
     CFrame* frame = nullptr;
 
   private:
+    double wantedScale() const;
+    // Resizes an open frame and the host's window to the wanted scale.
+    void applyScale();
+
     VstInt32 knobMode = kCircularMode;
+    ERect scaledRect{};
+    double hostScale = 0.0;                // 0 until a host gives one
+    mutable double desktopScaleRead = 0.0; // 0 until read; read again at each open
     bool inIdle = false;
 };

@@ -2,6 +2,7 @@
 
 #include "CDrawContext.h"
 #include "EmbeddedResource.h"
+#include "ResourceArt.h"
 
 #include <cairo.h>
 #include <cstring>
@@ -44,7 +45,20 @@ CBitmap::CBitmap(int32_t resourceNumber) : resourceNumber(resourceNumber)
 
 CBitmap::~CBitmap()
 {
+    if (scaledSurface) cairo_surface_destroy(scaledSurface);
     if (surface) cairo_surface_destroy(surface);
+}
+
+cairo_surface_t* CBitmap::getSurface(double scale)
+{
+    if (scale == 1.0 || !surface) return surface;
+    if (!scaledSurface || scaledSurfaceScale != scale)
+    {
+        if (scaledSurface) cairo_surface_destroy(scaledSurface);
+        scaledSurface = spatara::drawResourceBitmap(resourceNumber, scale);
+        scaledSurfaceScale = scale;
+    }
+    return scaledSurface ? scaledSurface : surface;
 }
 
 void CBitmap::draw(CDrawContext* context, const CRect& rect, const CPoint& offset, float alpha)

@@ -21,6 +21,10 @@ class CBitmap : public CBaseObject
     bool isLoaded() const { return surface != nullptr; }
     // The decoded image (ARGB32), null when the resource was missing or undecodable.
     cairo_surface_t* getSurface() const { return surface; }
+    // The image for a window of this scale: the decoded one at 1, else the bitmap drawn anew from its shapes
+    // at that scale (its device scale set, so it draws at the bitmap's size). The last scale's drawing is
+    // kept, one at a time; a bitmap without a drawing is enlarged from the decoded image.
+    cairo_surface_t* getSurface(double scale);
 
     // Draws the part of the bitmap that starts at offset into rect, with the given opacity.
     void draw(CDrawContext* context, const CRect& rect, const CPoint& offset = CPoint(0, 0),
@@ -32,6 +36,8 @@ class CBitmap : public CBaseObject
   private:
     int32_t resourceNumber;
     cairo_surface_t* surface = nullptr;
+    cairo_surface_t* scaledSurface = nullptr;
+    double scaledSurfaceScale = 1.0;
     double width = 0.0;
     double height = 0.0;
 };

@@ -5,8 +5,9 @@
 
 #include <cairo.h>
 
-CDrawContext::CDrawContext(cairo_t* cr) : cr(cairo_reference(cr))
+CDrawContext::CDrawContext(cairo_t* cr, double scale) : cr(cairo_reference(cr)), scale(scale)
 {
+    if (scale != 1.0) cairo_scale(cr, scale, scale);
     double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
     cairo_clip_extents(cr, &x1, &y1, &x2, &y2);
     initialClip = CRect(x1, y1, x2, y2);
@@ -151,11 +152,12 @@ void CDrawContext::drawString(const char* text, const CRect& rect, CHoriTxtAlign
 
 void CDrawContext::drawBitmap(CBitmap* bitmap, const CRect& rect, const CPoint& offset, float alpha)
 {
-    if (!bitmap || !bitmap->getSurface() || rect.isEmpty()) return;
+    cairo_surface_t* surface = bitmap ? bitmap->getSurface(scale) : nullptr;
+    if (!surface || rect.isEmpty()) return;
     cairo_save(cr);
     cairo_rectangle(cr, rect.left, rect.top, rect.getWidth(), rect.getHeight());
     cairo_clip(cr);
-    cairo_set_source_surface(cr, bitmap->getSurface(), rect.left - offset.x, rect.top - offset.y);
+    cairo_set_source_surface(cr, surface, rect.left - offset.x, rect.top - offset.y);
     // Whole-pixel placement: nearest keeps bitmap edges sharp.
     cairo_pattern_set_filter(cairo_get_source(cr), CAIRO_FILTER_NEAREST);
     cairo_paint_with_alpha(cr, alpha * globalAlpha);

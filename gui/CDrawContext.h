@@ -26,10 +26,13 @@ enum CDrawStyle
 class CDrawContext : public CBaseObject
 {
   public:
-    // Draws on cr (the context keeps its own reference); the initial clip is cr's clip extents.
-    explicit CDrawContext(cairo_t* cr);
+    // Draws on cr (the context keeps its own reference); the initial clip is cr's clip extents. At a scale
+    // other than 1 the context draws in units of scale pixels: cr is scaled once, here, and bitmaps are
+    // taken as drawn for that scale.
+    explicit CDrawContext(cairo_t* cr, double scale = 1.0);
 
     cairo_t* getCairo() const { return cr; }
+    double getScale() const { return scale; }
 
     // ---- state
     void setFrameColor(const CColor& color) { frameColor = color; }
@@ -73,6 +76,7 @@ class CDrawContext : public CBaseObject
     void applyFont();
 
     cairo_t* cr;
+    double scale = 1.0;
     CRect clipRect;
     CRect initialClip;
     CColor frameColor = kBlackCColor;

@@ -16,13 +16,14 @@ constexpr double kDoubleClickDistance = 4.0;
 } // namespace
 
 CFrame::CFrame(const CRect& size, void* systemWindow, VSTGUIEditorInterface* editor)
-    : CViewContainer(size), editor(editor), bridge(std::make_unique<CFramePlatformBridge>(this))
+    : CViewContainer(size), editor(editor), bridge(std::make_unique<CFramePlatformBridge>(this)),
+      scale(editor ? editor->getScale() : 1.0)
 {
     if (systemWindow)
     {
         platformWindow = std::make_unique<PlatformWindow>(reinterpret_cast<uintptr_t>(systemWindow),
-                                                          static_cast<int>(size.getWidth()),
-                                                          static_cast<int>(size.getHeight()), bridge.get());
+                                                          toWindowPixels(size.getWidth()),
+                                                          toWindowPixels(size.getHeight()), bridge.get());
         // Without a display the frame still works, only unseen.
         if (!platformWindow->isValid()) platformWindow.reset();
     }
@@ -50,6 +51,20 @@ void CFrame::idle()
     invalidateDirtyViews();
 }
 
+int CFrame::toWindowPixels(double units) const
+{
+    return static_cast<int>(std::lround(units * scale));
+}
+
+void CFrame::setScale(double newScale)
+{
+    if (newScale == scale) return;
+    scale = newScale;
+    if (platformWindow)
+        platformWindow->setSize(toWindowPixels(size.getWidth()), toWindowPixels(size.getHeight()));
+    invalid();
+}
+
 void CFrame::invalidRect(const CRect& rect)
 {
     CRect area = rect;
@@ -58,10 +73,11 @@ void CFrame::invalidRect(const CRect& rect)
     invalidArea.unite(area);
     if (platformWindow)
     {
-        const int left = static_cast<int>(std::floor(area.left));
-        const int top = static_cast<int>(std::floor(area.top));
-        platformWindow->invalidRect(left, top, static_cast<int>(std::ceil(area.right)) - left,
-                                    static_cast<int>(std::ceil(area.bottom)) - top);
+        // Whole window pixels that cover the area.
+        const int left = static_cast<int>(std::floor(area.left * scale));
+        const int top = static_cast<int>(std::floor(area.top * scale));
+        platformWindow->invalidRect(left, top, static_cast<int>(std::ceil(area.right * scale)) - left,
+                                    static_cast<int>(std::ceil(area.bottom * scale)) - top);
     }
 }
 

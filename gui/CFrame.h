@@ -14,7 +14,8 @@ class CFramePlatformBridge;
 class CFrame : public CViewContainer
 {
   public:
-    // systemWindow: the host's parent window (an X11 window id); null makes a frame without a window.
+    // systemWindow: the host's parent window (an X11 window id); null makes a frame without a window. The
+    // window is the size times the editor's scale; the frame and every view keep their units.
     CFrame(const CRect& size, void* systemWindow, VSTGUIEditorInterface* editor);
 
     // Releases every view and the window, then the frame itself.
@@ -23,6 +24,13 @@ class CFrame : public CViewContainer
     // The window layer, null for a frame without a window.
     PlatformWindow* getPlatformWindow() const { return platformWindow.get(); }
     CFrame* getFrame() const override { return const_cast<CFrame*>(this); }
+
+    // ---- scale: window pixels per unit
+    double getScale() const { return scale; }
+    // Resizes the window to the frame's size times the scale and repaints all of it.
+    void setScale(double newScale);
+    // A window length in pixels for a length in units.
+    int toWindowPixels(double units) const;
 
     // ---- repaints
     // Idle work of the frame: repaints what changed.
@@ -87,6 +95,7 @@ class CFrame : public CViewContainer
     bool isInTree() const override { return true; }
 
   private:
+    double scale = 1.0;
     void updateMouseOverView(CPoint& where, const CButtonState& buttons);
 
     VSTGUIEditorInterface* editor;

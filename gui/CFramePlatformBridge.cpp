@@ -31,7 +31,7 @@ long CFramePlatformBridge::buttonState(unsigned modifiers) const
 
 void CFramePlatformBridge::onPlatformDraw(cairo_t* cr)
 {
-    const auto context = owned(new CDrawContext(cr));
+    const auto context = owned(new CDrawContext(cr, frame->getScale()));
     frame->paint(context.get());
 }
 
@@ -39,9 +39,9 @@ void CFramePlatformBridge::onPlatformMouseButton(double x, double y, int button,
                                                  unsigned modifiers)
 {
     const long bit = buttonBit(button);
-    CPoint where(x, y);
-    lastX = x;
-    lastY = y;
+    CPoint where(x / frame->getScale(), y / frame->getScale());
+    lastX = where.x;
+    lastY = where.y;
     if (press)
     {
         heldButtons |= bit;
@@ -57,15 +57,15 @@ void CFramePlatformBridge::onPlatformMouseButton(double x, double y, int button,
 
 void CFramePlatformBridge::onPlatformMotion(double x, double y, unsigned modifiers)
 {
-    CPoint where(x, y);
-    lastX = x;
-    lastY = y;
+    CPoint where(x / frame->getScale(), y / frame->getScale());
+    lastX = where.x;
+    lastY = where.y;
     frame->platformOnMouseMoved(where, CButtonState(buttonState(modifiers)));
 }
 
 void CFramePlatformBridge::onPlatformScroll(double x, double y, double dx, double dy, unsigned modifiers)
 {
-    const CPoint where(x, y);
+    const CPoint where(x / frame->getScale(), y / frame->getScale());
     if (dy != 0.0)
         frame->platformOnMouseWheel(where, kMouseWheelAxisY, static_cast<float>(dy),
                                     CButtonState(buttonState(modifiers)));

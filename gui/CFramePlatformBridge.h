@@ -1,4 +1,5 @@
-// Turns the window layer's reports into the frame's events: button bits, modifiers, key codes.
+// Turns the window layer's reports into the frame's events: button bits, modifiers, key codes, and window
+// pixels into the frame's units (divided by its scale), where they enter the toolkit.
 #pragma once
 
 #include "platform/PlatformWindowListener.h"

@@ -18,4 +18,6 @@ class VSTGUIEditorInterface
     // Lets the host breathe during long modal loops (file dialogs).
     virtual void doIdleStuff() {}
     virtual CFrame* getFrame() const = 0;
+    // How many window pixels one unit of the editor is: 1, 1.5, 2 …
+    virtual double getScale() const { return 1.0; }
 };

@@ -1,6 +1,7 @@
 #include "Spatara.h"
 
 #include "ADEditor.h"
+#include "AEffGUIEditor.h"
 #include "CPresetSystemEditor.h"
 #include "EngineCoefficients.h"
 #include "FactoryPresets.h"
@@ -16,6 +17,9 @@ namespace
 constexpr VstInt32 kUniqueId = CCONST('Q', 'w', 's', 'n');
 constexpr VstInt32 kVendorVersion = SPATARA_VENDOR_VERSION;
 constexpr VstInt32 kMeterRequest = CCONST('Z', 'v', 'M', 't');
+// The request hosts send to tell an editor the scale of the screen: the scale is the float argument.
+constexpr VstInt32 kScaleRequest = CCONST('P', 'r', 'e', 'S');
+constexpr VstIntPtr kScaleRequestValue = CCONST('A', 'e', 'C', 's');
 
 using spatara::isParameter;
 using spatara::parameterInfo;
@@ -153,8 +157,13 @@ VstInt32 Spatara::getGetTailSize()
     return spatara::tailLength(getSampleRate());
 }
 
-VstIntPtr Spatara::vendorSpecific(VstInt32 index, VstIntPtr, void* ptr, float)
+VstIntPtr Spatara::vendorSpecific(VstInt32 index, VstIntPtr value, void* ptr, float opt)
 {
+    if (index == kScaleRequest && value == kScaleRequestValue)
+    {
+        auto* editor = dynamic_cast<AEffGUIEditor*>(getEditor());
+        return editor && editor->setHostScale(opt) ? 1 : 0;
+    }
     if (index != kMeterRequest || !ptr) return 0;
     *static_cast<float*>(ptr) = engine.meter();
     return 1;

@@ -36,6 +36,7 @@ class Spatara : public CPresetSystemEffect
     // The next block starts at the parameters' values instead of gliding to them (any thread).
     void jumpAtNextBlock() { engine.jumpAtNextBlock(); }
     // Our own request: 'ZvMt' writes the balance meter into the float at ptr, so offline hosts can show it.
+    // And the hosts' 'PreS' with value 'AeCs': the editor's scale is opt (1 to 4), open or not.
     VstIntPtr vendorSpecific(VstInt32 index, VstIntPtr value, void* ptr, float opt) override;
 
     // ---- pins and channel layout (host's UI thread)

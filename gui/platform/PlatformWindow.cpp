@@ -256,6 +256,12 @@ void PlatformWindow::invalidRect(int x, int y, int width, int height)
                                                static_cast<uint>(height)));
 }
 
+void PlatformWindow::setSize(int width, int height)
+{
+    if (!impl->window || width <= 0 || height <= 0) return;
+    impl->window->setSize(static_cast<uint>(width), static_cast<uint>(height));
+}
+
 void PlatformWindow::takeKeyboardFocus()
 {
     if (!impl->window) return;

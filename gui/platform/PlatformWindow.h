@@ -25,6 +25,8 @@ class PlatformWindow
     void idle();
     // Asks for a repaint of the rectangle (window pixels).
     void invalidRect(int x, int y, int width, int height);
+    // Resizes the window (pixels); the host's window is the host's to resize.
+    void setSize(int width, int height);
 
     // Takes the keyboard from whichever window holds it (hosts often keep it), remembering that window.
     void takeKeyboardFocus();
