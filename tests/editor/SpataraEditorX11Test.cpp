@@ -1,5 +1,6 @@
 // The real plug-in's editor in a real X11 window (under Xvfb): its place, clicks and drags reaching the host,
-// host changes and the balance meter on screen, the about screen, and close / reopen.
+// host changes and the balance meter on screen, the about screen, and close / reopen. The tests that click
+// and drag run at scale 1 and at scale 2 (asked for by the host), where every coordinate is twice as far.
 #include "CBitmap.h"
 #include "HostRecorder.h"
 #include "TestSurface.h"
@@ -21,6 +22,8 @@ namespace
 using namespace std::chrono_literals;
 
 constexpr VstInt32 kMeterRequest = ('Z' << 24) | ('v' << 16) | ('M' << 8) | 't';
+constexpr VstInt32 kScaleRequest = ('P' << 24) | ('r' << 16) | ('e' << 8) | 'S';
+constexpr VstIntPtr kScaleRequestValue = ('A' << 24) | ('e' << 16) | ('C' << 8) | 's';
 
 // A screenshot of the editor, read back as an image.
 class Screenshot
@@ -45,10 +48,13 @@ class Screenshot
     cairo_surface_t* image = nullptr;
 };
 
-CColor pixelOfBitmap(int resource, int x, int y)
+// A pixel of the bitmap as drawn for a window of that scale, at (x, y) in the bitmap's units.
+CColor pixelOfBitmap(int resource, int x, int y, double scale = 1.0)
 {
     auto* bitmap = new CBitmap(resource);
-    const CColor color = TestSurface::pixelOf(bitmap->getSurface(), x, y);
+    const CColor color =
+        TestSurface::pixelOf(bitmap->getSurface(scale), static_cast<int>(std::lround(x * scale)),
+                             static_cast<int>(std::lround(y * scale)));
     bitmap->forget();
     return color;
 }
@@ -76,6 +82,10 @@ struct SpataraEditorX11Test : ::testing::Test
 
     void openEditor()
     {
+        if (scale != 1.0)
+            ASSERT_EQ(host->dispatch(effVendorSpecific, kScaleRequest, kScaleRequestValue, nullptr,
+                                     static_cast<float>(scale)),
+                      1);
         ASSERT_TRUE(host->openEditor(parent.getWindow()));
         ASSERT_TRUE(idleUntil([&] { return shown(); }));
         idleFor(150ms);
@@ -138,11 +148,34 @@ struct SpataraEditorX11Test : ::testing::Test
         return value;
     }
 
-    X11TestWindow parent{302, 250};
+    // A point of the editor (its units) on the screen, and a click there.
+    std::string at(int x, int y) const
+    {
+        return std::to_string(std::lround(x * scale)) + " " + std::to_string(std::lround(y * scale));
+    }
+    bool click(int x, int y) const { return X11TestWindow::xdotool("mousemove " + at(x, y) + " click 1"); }
+    CColor screenPixel(const Screenshot& shot, int x, int y) const
+    {
+        return shot.pixel(static_cast<int>(std::lround(x * scale)), static_cast<int>(std::lround(y * scale)));
+    }
+
+    double scale = 1.0;
+    // Room for the editor at scale 2.
+    X11TestWindow parent{604, 500};
     std::unique_ptr<VstTestHost> host;
     std::thread audio;
     std::atomic<bool> audioRunning{false};
 };
+
+struct SpataraEditorX11AtScale : SpataraEditorX11Test, ::testing::WithParamInterface<double>
+{
+    void SetUp() override
+    {
+        scale = GetParam();
+        SpataraEditorX11Test::SetUp();
+    }
+};
+INSTANTIATE_TEST_SUITE_P(ScaleOneAndTwo, SpataraEditorX11AtScale, ::testing::Values(1.0, 2.0));
 } // namespace
 
 TEST_F(SpataraEditorX11Test, OpensAtExactlyTheEditorRectangleAndDrawsTheBackground)
@@ -172,17 +205,17 @@ TEST_F(SpataraEditorX11Test, OpensAtExactlyTheEditorRectangleAndDrawsTheBackgrou
         EXPECT_EQ(shot.pixel(x, y), pixelOfBitmap(128, x, y)) << "at " << x << "," << y;
 }
 
-TEST_F(SpataraEditorX11Test, ProcessPhaseAndModeClicksReachTheHostAsSingleAutomatedChangesOfParameters3To5)
+TEST_P(SpataraEditorX11AtScale, ProcessPhaseAndModeClicksReachTheHostAsSingleAutomatedChangesOfParameters3To5)
 {
     setParameter(3, 0.0f);
     setParameter(4, 0.0f);
     setParameter(5, 0.0f);
     openEditor();
-    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 92 160 click 1"));
+    ASSERT_TRUE(click(92, 160));
     EXPECT_TRUE(idleUntil([&] { return getParameter(3) == 1.0f; }));
-    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 212 160 click 1"));
+    ASSERT_TRUE(click(212, 160));
     EXPECT_TRUE(idleUntil([&] { return getParameter(4) == 1.0f; }));
-    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 152 160 click 1"));
+    ASSERT_TRUE(click(152, 160));
     EXPECT_TRUE(idleUntil([&] { return getParameter(5) == 0.5f; }));
     for (VstInt32 index = 3; index <= 5; ++index)
     {
@@ -195,13 +228,14 @@ TEST_F(SpataraEditorX11Test, ProcessPhaseAndModeClicksReachTheHostAsSingleAutoma
               (std::vector<VstInt32>{audioMasterAutomate, audioMasterAutomate, audioMasterAutomate}));
 }
 
-TEST_F(SpataraEditorX11Test, DraggingTheDepthHandleIsOneGestureForParameter0)
+TEST_P(SpataraEditorX11AtScale, DraggingTheDepthHandleIsOneGestureForParameter0)
 {
     // Depth 0 puts the handle at the left end (x 63..77).
     setParameter(0, 0.0f);
     openEditor();
-    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 70 59 mousedown 1 mousemove 92 59 mousemove 142 59 "
-                                       "mousemove 152 59 mouseup 1"));
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove " + at(70, 59) + " mousedown 1 mousemove " + at(92, 59) +
+                                       " mousemove " + at(142, 59) + " mousemove " + at(152, 59) +
+                                       " mouseup 1"));
     EXPECT_TRUE(idleUntil(
         [&]
         {
@@ -218,7 +252,7 @@ TEST_F(SpataraEditorX11Test, DraggingTheDepthHandleIsOneGestureForParameter0)
         EXPECT_EQ(requests[i].opcode, audioMasterAutomate);
         EXPECT_EQ(requests[i].index, 0);
     }
-    // Moved 82 px of the 162 px travel towards the right, which holds the maximum.
+    // Moved 82 units of the 162-unit travel towards the right, which holds the maximum: at every scale.
     EXPECT_NEAR(getParameter(0), 82.0f / 162.0f, 1e-6);
 }
 
@@ -268,56 +302,56 @@ TEST_F(SpataraEditorX11Test, MeterGoesToMWithMonoAndToSWithAntiPhaseAudio)
     EXPECT_EQ(shot.pixel(60 + 5, 30), unlitNearS);
 }
 
-TEST_F(SpataraEditorX11Test, AboutScreenOpensOnAClickAndClosesOnTheNext)
+TEST_P(SpataraEditorX11AtScale, AboutScreenOpensOnAClickAndClosesOnTheNext)
 {
     openEditor();
-    const CColor panel = pixelOfBitmap(128, 36, 172);
-    const CColor screenCorner = pixelOfBitmap(140, 5, 140);
+    const CColor panel = pixelOfBitmap(128, 36, 172, scale);
+    const CColor screenCorner = pixelOfBitmap(140, 5, 140, scale);
     ASSERT_NE(panel, screenCorner);
-    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 100 194 click 1"));
+    ASSERT_TRUE(click(100, 194));
     idleFor(150ms);
     {
         Screenshot shot(parent);
         ASSERT_TRUE(shot.ok());
-        EXPECT_EQ(shot.pixel(36, 172), screenCorner);
+        EXPECT_EQ(screenPixel(shot, 36, 172), screenCorner);
     }
-    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 150 100 click 1"));
+    ASSERT_TRUE(click(150, 100));
     idleFor(150ms);
     Screenshot shot(parent);
     ASSERT_TRUE(shot.ok());
-    EXPECT_EQ(shot.pixel(36, 172), panel);
+    EXPECT_EQ(screenPixel(shot, 36, 172), panel);
     // The about screen is no parameter.
     EXPECT_TRUE(automationOf(7).empty());
 }
 
-TEST_F(SpataraEditorX11Test, AClickOutsideTheAboutScreenClosesItAndReachesNoControlBeneath)
+TEST_P(SpataraEditorX11AtScale, AClickOutsideTheAboutScreenClosesItAndReachesNoControlBeneath)
 {
     openEditor();
-    const CColor panel = pixelOfBitmap(128, 36, 172);
-    const CColor screenCorner = pixelOfBitmap(140, 5, 140);
-    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 100 194 click 1"));
+    const CColor panel = pixelOfBitmap(128, 36, 172, scale);
+    const CColor screenCorner = pixelOfBitmap(140, 5, 140, scale);
+    ASSERT_TRUE(click(100, 194));
     idleFor(150ms);
     {
         Screenshot shot(parent);
         ASSERT_TRUE(shot.ok());
-        ASSERT_EQ(shot.pixel(36, 172), screenCorner);
+        ASSERT_EQ(screenPixel(shot, 36, 172), screenCorner);
     }
     const float depthBefore = getParameter(0);
     char nameBefore[64] = {};
     host->dispatch(effGetProgramName, 0, 0, nameBefore);
     // The right half of the step rocker on the preset strip, well below the about screen.
-    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 240 229 click 1"));
+    ASSERT_TRUE(click(240, 229));
     idleFor(150ms);
     Screenshot shot(parent);
     ASSERT_TRUE(shot.ok());
-    EXPECT_EQ(shot.pixel(36, 172), panel);
+    EXPECT_EQ(screenPixel(shot, 36, 172), panel);
     char nameAfter[64] = {};
     host->dispatch(effGetProgramName, 0, 0, nameAfter);
     EXPECT_STREQ(nameAfter, nameBefore);
     EXPECT_EQ(getParameter(0), depthBefore);
     EXPECT_TRUE(HostRecorder::requests().empty());
     // Closed, the editor takes clicks again: the same click now steps to the next preset.
-    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 240 229 click 1"));
+    ASSERT_TRUE(click(240, 229));
     EXPECT_TRUE(idleUntil(
         [&]
         {
