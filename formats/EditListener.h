@@ -15,5 +15,8 @@ class EditListener
     virtual void editGesture(uint32_t index, bool started) = 0;
     // The effect's parameters may have changed without an edit: a preset was chosen or a bank loaded.
     virtual void parametersChanged() = 0;
+    // The editor asks for its window to be width × height pixels (it changed its scale); true when the window
+    // now is.
+    virtual bool editorResized(int width, int height) = 0;
 };
 } // namespace spatara

@@ -43,7 +43,8 @@ VstIntPtr SpataraDpfPlugin::dispatch(VstInt32 opcode, VstInt32 index, VstIntPtr 
     return vst->dispatcher(vst, opcode, index, value, ptr, opt);
 }
 
-VstIntPtr SpataraDpfPlugin::answer(AEffect* e, VstInt32 opcode, VstInt32 index, VstIntPtr, void*, float opt)
+VstIntPtr SpataraDpfPlugin::answer(AEffect* e, VstInt32 opcode, VstInt32 index, VstIntPtr value, void*,
+                                   float opt)
 {
     // Called from the effect's constructor too, before user is set: then only the version has an answer.
     const auto* self = e ? static_cast<const SpataraDpfPlugin*>(e->user) : nullptr;
@@ -63,6 +64,8 @@ VstIntPtr SpataraDpfPlugin::answer(AEffect* e, VstInt32 opcode, VstInt32 index, 
     case audioMasterUpdateDisplay:
         if (listener) listener->parametersChanged();
         return 1;
+    case audioMasterSizeWindow:
+        return listener && listener->editorResized(index, static_cast<int>(value)) ? 1 : 0;
     case audioMasterGetSampleRate:
         return self ? static_cast<VstIntPtr>(self->getSampleRate()) : 0;
     case audioMasterGetBlockSize:

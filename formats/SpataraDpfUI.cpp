@@ -13,6 +13,9 @@ namespace
 {
 // The framework asks for a size before the editor tells its own; the editor's rectangle follows at once.
 constexpr uint kFallbackWidth = 302, kFallbackHeight = 250;
+// The request VST 2.4 hosts send with the screen's scale, which the editor understands.
+constexpr VstInt32 kScaleRequest = CCONST('P', 'r', 'e', 'S');
+constexpr VstIntPtr kScaleRequestValue = CCONST('A', 'e', 'C', 's');
 } // namespace
 
 SpataraDpfUI::SpataraDpfUI() : UI(kFallbackWidth, kFallbackHeight)
@@ -20,6 +23,10 @@ SpataraDpfUI::SpataraDpfUI() : UI(kFallbackWidth, kFallbackHeight)
     plugin = static_cast<SpataraDpfPlugin*>(getPluginInstancePointer());
     vst = plugin ? plugin->vstEffect() : nullptr;
     if (!vst) return;
+    // The host's scale (LV2's ui:scaleFactor, VST3's content scale, CLAP's set_scale), read by the framework
+    // when the UI is made. The framework's own automatic scaling is not used: it would enlarge a picture the
+    // editor already draws at the scale.
+    passScale(getScaleFactor());
     ERect* rect = nullptr;
     if (dispatch(effEditGetRect, &rect) && rect)
         setSize(static_cast<uint>(rect->right - rect->left), static_cast<uint>(rect->bottom - rect->top));
@@ -53,6 +60,32 @@ uintptr_t SpataraDpfUI::getNativeWindowHandle() const noexcept
 void SpataraDpfUI::uiIdle()
 {
     if (open) dispatch(effEditIdle);
+}
+
+void SpataraDpfUI::passScale(double scaleFactor) const
+{
+    // 1 is also what the framework reports when the host said nothing; the desktop may know better then.
+    if (scaleFactor > 0.0 && scaleFactor != 1.0)
+        vst->dispatcher(vst, effVendorSpecific, kScaleRequest, kScaleRequestValue, nullptr,
+                        static_cast<float>(scaleFactor));
+}
+
+void SpataraDpfUI::uiScaleFactorChanged(double scaleFactor)
+{
+    if (!vst) return;
+    passScale(scaleFactor);
+    // Closed, the editor has no window to resize: the next size the host asks for is the new one.
+    if (open) return;
+    ERect* rect = nullptr;
+    if (dispatch(effEditGetRect, &rect) && rect)
+        setSize(static_cast<uint>(rect->right - rect->left), static_cast<uint>(rect->bottom - rect->top));
+}
+
+bool SpataraDpfUI::editorResized(int width, int height)
+{
+    if (width <= 0 || height <= 0) return false;
+    setSize(static_cast<uint>(width), static_cast<uint>(height));
+    return getWidth() == static_cast<uint>(width) && getHeight() == static_cast<uint>(height);
 }
 
 void SpataraDpfUI::parameterChanged(uint32_t index, float value)

@@ -29,6 +29,8 @@ class SpataraDpfUI : public DISTRHO::UI, private EditListener
     void parameterChanged(uint32_t index, float value) override;
     void stateChanged(const char*, const char*) override {}
     void uiIdle() override;
+    // The host's scale changed while the UI exists: the editor draws at it, the window follows.
+    void uiScaleFactorChanged(double scaleFactor) override;
 
   private:
     // ---- from the editor (host's UI thread): to the host, in real units
@@ -36,8 +38,11 @@ class SpataraDpfUI : public DISTRHO::UI, private EditListener
     void editGesture(uint32_t index, bool started) override;
     // Brings the host's ports to what the effect now has, after a preset was chosen in the editor's panel.
     void parametersChanged() override;
+    bool editorResized(int width, int height) override;
 
     VstIntPtr dispatch(VstInt32 opcode, void* ptr = nullptr) const;
+    // Tells the effect's editor the host's scale, as VST 2.4 hosts do.
+    void passScale(double scaleFactor) const;
 
     SpataraDpfPlugin* plugin = nullptr;
     AEffect* vst = nullptr;

@@ -66,10 +66,10 @@ class ClapEditor : public ::testing::Test
     }
 
     // Opens the editor in the parent window and lets it draw for a while.
-    void open(std::chrono::milliseconds settle)
+    void open(std::chrono::milliseconds settle, double scale = 0.0)
     {
         std::string error;
-        ASSERT_TRUE(host->openEditor(parent.getWindow(), width, height, error)) << error;
+        ASSERT_TRUE(host->openEditor(parent.getWindow(), width, height, error, scale)) << error;
         idle(*host, settle);
     }
 
@@ -78,7 +78,7 @@ class ClapEditor : public ::testing::Test
         return screenshot(parent, name, static_cast<int>(width), static_cast<int>(height));
     }
 
-    X11TestWindow parent{640, 480};
+    X11TestWindow parent{640, 520}; // room for the editor at scale 2
     std::unique_ptr<ClapTestHost> host; // closed before its parent window
     uint32_t width = 0, height = 0;
 };
@@ -98,6 +98,20 @@ TEST_F(ClapEditor, OpensInTheHostsWindowAtItsSizeAndDrawsItself)
     EXPECT_TRUE(children[0].mapped);
     // The editor's bitmaps, not an empty window.
     const auto pixels = shot("clap-editor.png");
+    ASSERT_FALSE(pixels.empty());
+    EXPECT_GT(colours(pixels), 50u);
+}
+
+TEST_F(ClapEditor, OpensAtTheScaleTheHostSetsDrawnForIt)
+{
+    open(std::chrono::milliseconds(400), 2.0);
+    EXPECT_EQ(width, 604u);
+    EXPECT_EQ(height, 500u);
+    const std::vector<X11TestWindow::Geometry> children = parent.children();
+    ASSERT_EQ(children.size(), 1u);
+    EXPECT_EQ(children[0].width, 604);
+    EXPECT_EQ(children[0].height, 500);
+    const auto pixels = shot("clap-editor-at-scale-2.png");
     ASSERT_FALSE(pixels.empty());
     EXPECT_GT(colours(pixels), 50u);
 }

@@ -303,7 +303,8 @@ const clap_plugin_gui_t* ClapTestHost::gui() const
     return static_cast<const clap_plugin_gui_t*>(extension(CLAP_EXT_GUI));
 }
 
-bool ClapTestHost::openEditor(unsigned long parent, uint32_t& width, uint32_t& height, std::string& error)
+bool ClapTestHost::openEditor(unsigned long parent, uint32_t& width, uint32_t& height, std::string& error,
+                              double scale)
 {
     const clap_plugin_gui_t* g = gui();
     if (!g || !g->is_api_supported(plugin, CLAP_WINDOW_API_X11, false))
@@ -317,6 +318,11 @@ bool ClapTestHost::openEditor(unsigned long parent, uint32_t& width, uint32_t& h
         return false;
     }
     editorOpen = true;
+    if (scale > 0.0 && !g->set_scale(plugin, scale))
+    {
+        error = "the editor refused the scale";
+        return false;
+    }
     clap_window_t window{};
     window.api = CLAP_WINDOW_API_X11;
     window.x11 = parent;

@@ -60,7 +60,10 @@ class ClapTestHost
 
     // ---- the editor, embedded in the X11 window parent (host's main thread)
     // Creates and shows it; its size in width and height. False and a reason on failure.
-    bool openEditor(unsigned long parent, uint32_t& width, uint32_t& height, std::string& error);
+    // A scale above 0 is given with set_scale right after the editor is created, as hosts on scaled screens
+    // do.
+    bool openEditor(unsigned long parent, uint32_t& width, uint32_t& height, std::string& error,
+                    double scale = 0.0);
     // Fires the timers the plug-in registered, as a host's main loop does.
     void idleEditor();
     void closeEditor();
