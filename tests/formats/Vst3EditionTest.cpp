@@ -74,6 +74,19 @@ TEST(Vst3Plugin, ANaNOrAnInfinityFromTheHostKeepsTheOutputFinite)
         }
 }
 
+TEST(Vst3Plugin, TheEditorIsTheSizeOfTheHostsContentScale)
+{
+    auto vst3 = loadVst3();
+    ASSERT_TRUE(vst3);
+    int width = 0, height = 0;
+    ASSERT_TRUE(vst3->editorSize(0.0f, width, height));
+    EXPECT_EQ(width, 302);
+    EXPECT_EQ(height, 250);
+    ASSERT_TRUE(vst3->editorSize(2.0f, width, height));
+    EXPECT_EQ(width, 604);
+    EXPECT_EQ(height, 500);
+}
+
 TEST(Vst3Plugin, ValuesShowTheTextsOfTheVstPlugin)
 {
     auto vst3 = loadVst3();

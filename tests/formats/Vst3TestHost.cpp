@@ -80,6 +80,33 @@ v3_param_value_queue** V3_API refuseAddChange(void*, v3_param_id*, int32_t*)
 {
     return nullptr;
 }
+
+// ---- the host application, which the effect asks for before it makes an editor view: a name, and no
+// objects of the host's
+v3_result V3_API hostInterface(void* self, const v3_tuid iid, void** iface)
+{
+    if (v3_tuid_match(iid, v3_funknown_iid) || v3_tuid_match(iid, v3_host_application_iid))
+    {
+        *iface = self;
+        return V3_OK;
+    }
+    *iface = nullptr;
+    return V3_NO_INTERFACE;
+}
+v3_result V3_API hostName(void*, v3_str_128 name)
+{
+    const char text[] = "Spatara test host";
+    for (std::size_t i = 0; i < sizeof(text); ++i)
+        name[i] = static_cast<int16_t>(text[i]);
+    return V3_OK;
+}
+v3_result V3_API noHostObjects(void*, v3_tuid, v3_tuid, void** object)
+{
+    *object = nullptr;
+    return V3_NOT_IMPLEMENTED;
+}
+v3_host_application_cpp hostApplicationObject{{hostInterface, onStack, onStack}, {hostName, noHostObjects}};
+v3_host_application_cpp* hostApplication = &hostApplicationObject;
 } // namespace
 
 std::unique_ptr<Vst3TestHost> Vst3TestHost::load(const std::string& path, std::string& error)
@@ -124,7 +151,8 @@ bool Vst3TestHost::create(const std::string& path, std::string& error)
         error = "the factory creates no component";
         return false;
     }
-    if (v3_cpp_obj_initialize(component, nullptr) != V3_OK)
+    auto** context = reinterpret_cast<v3_funknown**>(&hostApplication);
+    if (v3_cpp_obj_initialize(component, context) != V3_OK)
     {
         error = "the component does not initialise";
         return false;
@@ -135,7 +163,7 @@ bool Vst3TestHost::create(const std::string& path, std::string& error)
         error = "the component is not its own edit controller";
         return false;
     }
-    if (v3_cpp_obj_initialize(editController, nullptr) != V3_OK)
+    if (v3_cpp_obj_initialize(editController, context) != V3_OK)
     {
         error = "the edit controller does not initialise";
         return false;
@@ -230,6 +258,27 @@ void Vst3TestHost::process(const float* inL, const float* inR, float* outL, floa
         if (done == 0) data.input_params = reinterpret_cast<v3_param_changes**>(&changesObject);
         ASSERT_EQ(v3_cpp_obj(processor)->process(processor, &data), V3_OK) << "at frame " << done;
     }
+}
+
+bool Vst3TestHost::editorSize(float contentScale, int& width, int& height) const
+{
+    v3_plugin_view** view = controller()->create_view(editController, "editor");
+    if (!view) return false;
+    if (contentScale > 0.0f)
+    {
+        v3_plugin_view_content_scale** scale = nullptr;
+        if (v3_cpp_obj_query_interface(view, v3_plugin_view_content_scale_iid, &scale) == V3_OK && scale)
+        {
+            v3_cpp_obj(scale)->set_content_scale_factor(scale, contentScale);
+            v3_cpp_obj_unref(scale);
+        }
+    }
+    v3_view_rect rect{};
+    const bool sized = v3_cpp_obj(view)->get_size(view, &rect) == V3_OK;
+    width = rect.right - rect.left;
+    height = rect.bottom - rect.top;
+    v3_cpp_obj_unref(view);
+    return sized;
 }
 
 std::string Vst3TestHost::text(v3_param_id id, double value) const

@@ -9,6 +9,8 @@
 #include "travesty/component.h"
 #include "travesty/edit_controller.h"
 #include "travesty/factory.h"
+#include "travesty/host.h"
+#include "travesty/view.h"
 
 #include <memory>
 #include <string>
@@ -35,6 +37,9 @@ class Vst3TestHost
     // the first block, as a host sends what it set while the plug-in was not processing.
     void process(const float* inL, const float* inR, float* outL, float* outR, uint32_t frames,
                  const std::vector<std::pair<v3_param_id, double>>& changesAtStart = {});
+    // The size the effect's editor view gives before it is attached, after the host set its content scale
+    // (0 sets none), as a host asks before it makes room; false when there is no view or no size.
+    bool editorSize(float contentScale, int& width, int& height) const;
     // The controller's text for this normalised value, or "<refused>".
     std::string text(v3_param_id id, double value) const;
 
