@@ -229,6 +229,18 @@ TEST_F(EditorScale, AtTwoTheEditorIsItsPictureAtOneDrawnWithTwiceThePixelsNotEnl
     ASSERT_EQ(cairo_image_surface_get_width(two), 604);
     ASSERT_EQ(cairo_image_surface_get_height(two), 500);
 
+    // At 1 the editor is what it always was: the reference picture of these values, pixel for pixel.
+    cairo_surface_t* reference = cairo_image_surface_create_from_png(SPATARA_DOCS_DIR "/editor-mode1.png");
+    ASSERT_EQ(cairo_surface_status(reference), CAIRO_STATUS_SUCCESS);
+    ASSERT_EQ(cairo_image_surface_get_width(reference), 302);
+    int differentPixels = 0;
+    for (int y = 0; y < 250; ++y)
+        for (int x = 0; x < 302; ++x)
+            for (int c = 0; c < 3; ++c)
+                differentPixels += channel(one, x, y, c) != channel(reference, x, y, c);
+    cairo_surface_destroy(reference);
+    EXPECT_EQ(differentPixels, 0);
+
     // Every 2 × 2 block of the picture at 2, averaged, against the pixel at 1: the same layout, colours and
     // text, off only by what finer drawing changes at edges.
     double difference = 0.0;
