@@ -9,8 +9,10 @@
 #include "CClickButton.h"
 #include "CHorizontalSlider.h"
 #include "COnOffButton.h"
+#include "COptionMenu.h"
 #include "CParamDisplay.h"
 #include "CVuMeter1.h"
+#include "EditorZoom.h"
 #include "MyFrame.h"
 #include "ValueConverters.h"
 
@@ -224,6 +226,13 @@ bool ADEditor::open(void* parent)
         CPoint(0, 0), CPoint(0, 12));
     myFrame->addView(about);
 
+    // ---- the zoom menu, which a right click on the panel opens
+    zoomMenu = new COptionMenu(CRect(0, 0, 0, 0), this, spatara::kZoomMenuTag, nullptr, nullptr,
+                               kCheckStyle | kNoDrawStyle);
+    spatara::fillZoomMenu(*zoomMenu);
+    myFrame->addView(zoomMenu);
+    myFrame->setBackgroundMenu(zoomMenu);
+
     // The preset panel goes on top of this editor's controls.
     CPresetSystemEditor::open(parent);
     return true;
@@ -240,6 +249,7 @@ void ADEditor::close()
     processButton = phaseButton = nullptr;
     modeButton = nullptr;
     about = nullptr;
+    zoomMenu = nullptr;
     AEffGUIEditor::close(); // the frame goes, and every control with it
 }
 
@@ -262,12 +272,32 @@ void ADEditor::idle()
 
 void ADEditor::valueChanged(CControl* control)
 {
+    if (control == zoomMenu)
+    {
+        if (spatara::chooseZoom(zoomMenu->getCurrentIndex())) applyScale();
+        return;
+    }
     CPresetSystemEditor::valueChanged(control);
     const int32_t tag = control->getTag();
     if (tag < 0 || tag >= kNumParameters) return;
     // Sliders bracket their drags with beginEdit / endEdit themselves; buttons send single changes.
     setParameterAutomated(tag, control->getValue());
     control->setDirty();
+}
+
+void ADEditor::beginEdit(int32_t index)
+{
+    if (index != spatara::kZoomMenuTag) CPresetSystemEditor::beginEdit(index);
+}
+
+void ADEditor::endEdit(int32_t index)
+{
+    if (index != spatara::kZoomMenuTag) CPresetSystemEditor::endEdit(index);
+}
+
+std::optional<double> ADEditor::userScale() const
+{
+    return spatara::chosenZoom();
 }
 
 void ADEditor::setParameter(VstInt32 index, float)

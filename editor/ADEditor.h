@@ -9,11 +9,13 @@
 #include <atomic>
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 class CAbout;
 class CBitmap;
 class CClickButton;
 class CHorizontalSlider;
+class COptionMenu;
 class COnOffButton;
 class CParamDisplay;
 class CVuMeter1;
@@ -39,8 +41,12 @@ class ADEditor : public CPresetSystemEditor
     bool hasWindow() const override { return true; }
 
     // ---- from the controls (UI thread)
-    // Tags 0 to 5 go to the effect as automated changes; everything else is the base class's.
+    // Tags 0 to 5 go to the effect as automated changes; the zoom menu's choice resizes the editor;
+    // everything else is the base class's.
     void valueChanged(CControl* control) override;
+    // Gestures reach the host, except the zoom menu's, which is no parameter.
+    void beginEdit(int32_t index) override;
+    void endEdit(int32_t index) override;
 
     // ---- from the effect
     // Any thread, the audio thread included (host automation): only notes the index, lock-free; the
@@ -48,6 +54,10 @@ class ADEditor : public CPresetSystemEditor
     void setParameter(VstInt32 index, float value) override;
     // The effect was switched off (UI thread): the meter goes back to the centre.
     void suspend() override;
+
+  protected:
+    // The zoom the user chose in the menu, from the preferences.
+    std::optional<double> userScale() const override;
 
   private:
     // The update of the controls for one parameter index (UI thread, frame open).
@@ -78,4 +88,5 @@ class ADEditor : public CPresetSystemEditor
     COnOffButton* phaseButton = nullptr;
     CClickButton* modeButton = nullptr;
     CAbout* about = nullptr;
+    COptionMenu* zoomMenu = nullptr;
 };

@@ -1,6 +1,7 @@
 #include "MyFrame.h"
 
 #include "CDrawContext.h"
+#include "COptionMenu.h"
 #include "SharedPointer.h"
 
 MyFrame::MyFrame(const CRect& size, void* systemWindow, VSTGUIEditorInterface* editor)
@@ -29,7 +30,13 @@ void MyFrame::drawRect(CDrawContext* context, const CRect& updateRect)
 CMouseEventResult MyFrame::onMouseDown(CPoint& where, const CButtonState& buttons)
 {
     if (modalView) return modalView->onMouseDown(where, buttons);
-    return CFrame::onMouseDown(where, buttons);
+    const CMouseEventResult result = CFrame::onMouseDown(where, buttons);
+    if (result != kMouseEventNotHandled || !buttons.isRightButton() || !backgroundMenu || getModalView())
+        return result;
+    // The menu has no area of its own, so no click finds it: its list opens below the pointer.
+    backgroundMenu->setViewSize(CRect(where.x, where.y, where.x, where.y));
+    backgroundMenu->popup();
+    return kMouseDownEventHandledButDontNeedMovedOrUpEvents;
 }
 
 CMouseEventResult MyFrame::onMouseUp(CPoint& where, const CButtonState& buttons)

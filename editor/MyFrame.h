@@ -4,6 +4,8 @@
 
 #include "CFrame.h"
 
+class COptionMenu;
+
 class MyFrame : public CFrame
 {
   public:
@@ -24,6 +26,10 @@ class MyFrame : public CFrame
     void idle() override;
     CMouseEventResult platformOnMouseDown(CPoint& where, const CButtonState& buttons) override;
 
+    // ---- the menu a right click on the panel itself opens (where no control takes the click); not owned,
+    // one of the frame's views. null for none.
+    void setBackgroundMenu(COptionMenu* menu) { backgroundMenu = menu; }
+
     // ---- the modal view: not owned; whoever sets it clears it (closeModal) before freeing it
     // Stores the view; nothing else (no repaint, no attaching).
     void makeModal(CView* view) { modalView = view; }
@@ -38,5 +44,6 @@ class MyFrame : public CFrame
 
   private:
     CView* modalView = nullptr;
+    COptionMenu* backgroundMenu = nullptr;
     bool getsFocus = true;
 };

@@ -40,6 +40,7 @@ double AEffGUIEditor::getScale() const
 
 double AEffGUIEditor::wantedScale() const
 {
+    if (const std::optional<double> chosen = userScale()) return *chosen;
     if (hostScale > 0.0) return hostScale;
     if (desktopScaleRead == 0.0) desktopScaleRead = spatara::desktopScale();
     return desktopScaleRead;
@@ -53,6 +54,7 @@ bool AEffGUIEditor::setHostScale(double scale)
     return true;
 }
 
+// Resizes an open frame and the host's window to the wanted scale.
 void AEffGUIEditor::applyScale()
 {
     const double scale = wantedScale();

@@ -6,6 +6,8 @@
 #include "CKnobMode.h"
 #include "VSTGUIEditorInterface.h"
 
+#include <optional>
+
 class CBitmap;
 class CFrame;
 
@@ -40,8 +42,8 @@ class AEffGUIEditor : public AEffEditor, public VSTGUIEditorInterface
     CFrame* getFrame() const override { return frame; }
 
     // ---- scale (UI thread)
-    // The scale of the open window; while closed, the scale it will open at: the host's when it gave one,
-    // else the desktop's (read again at each open).
+    // The scale of the open window; while closed, the scale it will open at: the user's own choice when
+    // made, else the host's when it gave one, else the desktop's (read again at each open).
     double getScale() const override;
     // The scale a host asks for (1 to 4; others are refused with false). While the window is open, the frame
     // redraws at it and the host is asked to resize its window; a host that refuses keeps the old size.
@@ -53,6 +55,11 @@ class AEffGUIEditor : public AEffEditor, public VSTGUIEditorInterface
     virtual void setParameter(VstInt32 index, float value);
 
   protected:
+    // The user's own scale, made in the editor; nothing when the user made no choice.
+    virtual std::optional<double> userScale() const { return std::nullopt; }
+    // The wanted scale may have changed (the user chose): an open window follows, as for a host's request.
+    void applyScale();
+
     // The editor rectangle: at the origin, as large as bitmap (zero when there is none).
     void setRectFromBitmap(const CBitmap* bitmap);
 
@@ -61,8 +68,6 @@ class AEffGUIEditor : public AEffEditor, public VSTGUIEditorInterface
 
   private:
     double wantedScale() const;
-    // Resizes an open frame and the host's window to the wanted scale.
-    void applyScale();
 
     VstInt32 knobMode = kCircularMode;
     ERect scaledRect{};

@@ -15,6 +15,8 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <utility>
 
@@ -267,4 +269,76 @@ TEST_F(EditorScale, AtTwoTheEditorIsItsPictureAtOneDrawnWithTwiceThePixelsNotEnl
     EXPECT_GT(blocksWithDetail, 302 * 250 / 20) << "the picture at 2 looks like the picture at 1 enlarged";
     cairo_surface_destroy(one);
     cairo_surface_destroy(two);
+}
+
+TEST_F(EditorScale, TheZoomChosenFromThePanelsMenuResizesTheEditorAndIsKeptForEveryInstance)
+{
+    // Preferences of the test's own, so that the choice reaches no other test.
+    const std::string saved = std::getenv("XDG_CONFIG_HOME") ? std::getenv("XDG_CONFIG_HOME") : "";
+    char folder[] = "/tmp/spatara-zoom-XXXXXX";
+    ASSERT_NE(mkdtemp(folder), nullptr);
+    setenv("XDG_CONFIG_HOME", folder, 1);
+    const std::string preferences = std::string(folder) + "/zev-spatara/preferences";
+    auto preferencesText = [&]
+    {
+        std::ifstream in(preferences);
+        return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    };
+    // The menu opens below the pointer; its entries are 12 units high. Entry 3 is "200 %", entry 6
+    // "Follow the desktop". A right click on the plain panel between the sliders and the buttons opens it.
+    auto choose = [](double scale, int entry)
+    {
+        const auto at = [scale](double units) { return std::to_string(std::lround(units * scale)); };
+        return X11TestWindow::xdotool("mousemove " + at(150) + " " + at(140) + " click 3") &&
+               X11TestWindow::xdotool("mousemove " + at(170) + " " + at(140 + 1 + 12 * entry + 6) +
+                                      " click 1");
+    };
+    hostResizes = true;
+    {
+        X11TestWindow parent(604, 500);
+        ASSERT_TRUE(parent.isOpen());
+        auto host = load();
+        ASSERT_TRUE(host);
+        ASSERT_TRUE(host->openEditor(parent.getWindow()));
+        ASSERT_TRUE(host->idleEditorUntil([&] { return shown(parent, 302, 250); }));
+        host->idleEditorFor(100ms);
+        // Once opened and shown alone, for the manual's picture of it.
+        ASSERT_TRUE(X11TestWindow::xdotool("mousemove 150 140 click 3"));
+        host->idleEditorFor(150ms);
+        cairo_surface_t* menu = screenshot(parent, "editor-zoom-menu.png");
+        ASSERT_NE(menu, nullptr);
+        cairo_surface_destroy(menu);
+        ASSERT_TRUE(X11TestWindow::xdotool("key Escape"));
+        host->idleEditorFor(100ms);
+        ASSERT_TRUE(choose(1.0, 3));
+        EXPECT_TRUE(host->idleEditorUntil([&] { return shown(parent, 604, 500); }));
+        EXPECT_EQ(askedSize, (std::pair<VstInt32, VstInt32>{604, 500}));
+        host->closeEditor();
+    }
+    EXPECT_NE(preferencesText().find("EditorZoom = \"2\""), std::string::npos) << preferencesText();
+
+    // A new instance opens at the user's zoom, whatever its host asks for.
+    {
+        X11TestWindow parent(604, 500);
+        auto host = load();
+        ASSERT_TRUE(host);
+        EXPECT_EQ(requestScale(*host, 1.5f), 1);
+        const ERect* rect = host->getEditorRect();
+        ASSERT_NE(rect, nullptr);
+        EXPECT_EQ(rect->right - rect->left, 604);
+        EXPECT_EQ(rect->bottom - rect->top, 500);
+        ASSERT_TRUE(host->openEditor(parent.getWindow()));
+        ASSERT_TRUE(host->idleEditorUntil([&] { return shown(parent, 604, 500); }));
+        host->idleEditorFor(100ms);
+        // Following the desktop again, the host's word counts.
+        ASSERT_TRUE(choose(2.0, 6));
+        EXPECT_TRUE(host->idleEditorUntil([&] { return shown(parent, 453, 375); }));
+        host->closeEditor();
+    }
+    EXPECT_EQ(preferencesText().find("EditorZoom"), std::string::npos) << preferencesText();
+    std::filesystem::remove_all(folder);
+    if (saved.empty())
+        unsetenv("XDG_CONFIG_HOME");
+    else
+        setenv("XDG_CONFIG_HOME", saved.c_str(), 1);
 }
