@@ -7,7 +7,7 @@ SPATARA_BUILD_PACKAGES=(
     libsndfile1-dev libcairo2-dev
     dpf-source libx11-dev libxext-dev libxcursor-dev libxrandr-dev
     fonts-dejavu-core fontconfig
-    groff help2man
+    groff help2man zlib1g-dev # the manual's pictures are written as PDFs with zlib
     lv2-dev liblilv-dev # the LV2 edition's tests host it through lilv
 )
 SPATARA_TEST_PACKAGES=(

@@ -29,13 +29,32 @@ TEST(Manual, BuildsToAPdfOfSeveralPages)
     EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
     // Page objects, not the page tree.
     EXPECT_GE(count(pdf, "/Type /Page\n"), 4);
+    // The pictures of the editor at scale 2, the zoom menu and the preset list.
+    EXPECT_GE(count(pdf, "/Subtype /Image"), 3);
 }
 
 TEST(Manual, SourceCoversModesParametersPanelFilesDefaultsMemoriesAndTheRenderTool)
 {
     const std::string source = slurp(SPATARA_SOURCE_DIR "/docs/manual/manual.ms");
-    for (const char* topic : {"Mode1", "Mode2", "Mode3", "depth", "baseFreq", "wdth/emph", "process", "phase",
-                              "mode", "preset panel", ".zev", ".zvb", "Default bank and default preset",
-                              "Memories A and B", "endian-reversed", "spatara-render", "Spatara-manual.pdf"})
+    for (const char* topic : {"Mode1",
+                              "Mode2",
+                              "Mode3",
+                              "depth",
+                              "baseFreq",
+                              "wdth/emph",
+                              "process",
+                              "phase",
+                              "mode",
+                              "preset panel",
+                              ".zev",
+                              ".zvb",
+                              "Default bank and default preset",
+                              "Memories A and B",
+                              "endian-reversed",
+                              "spatara-render",
+                              "Spatara-manual.pdf",
+                              "Zoom 100 %",
+                              "Follow the desktop",
+                              "Xft.dpi"})
         EXPECT_NE(source.find(topic), std::string::npos) << topic;
 }
