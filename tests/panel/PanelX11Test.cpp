@@ -1,7 +1,8 @@
 // The preset panel of the real plug-in (the built Spatara.so, loaded as a host loads it) in a real X11
 // window (run under Xvfb by run-with-xvfb.sh), driven as a user drives it: real pointer clicks and key
 // presses through xdotool, the desktop's real file dialog (zenity) driven the same way, and everything
-// checked through the plug-in's VST 2.4 interface as a host sees it.
+// checked through the plug-in's VST 2.4 interface as a host sees it. The tests of the steps, the name and the
+// list also run at scale 2, asked for by the host, where every point is twice as far.
 #include "COptionMenuPopup.h"
 #include "HostRecorder.h"
 #include "TestSurface.h"
@@ -12,10 +13,12 @@
 
 #include <cairo.h>
 #include <chrono>
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <string>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -24,7 +27,11 @@ namespace
 {
 using namespace std::chrono_literals;
 
-// Panel points (editor pixels; the parent window sits at the screen's top-left corner).
+constexpr VstInt32 kScaleRequest = ('P' << 24) | ('r' << 16) | ('e' << 8) | 'S';
+constexpr VstIntPtr kScaleRequestValue = ('A' << 24) | ('e' << 16) | ('C' << 8) | 's';
+
+// Panel points (the editor's units, its pixels at scale 1; the parent window sits at the screen's top-left
+// corner).
 constexpr const char* kNext = "245 229";
 constexpr const char* kPrevious = "225 229";
 constexpr const char* kName = "140 230";
@@ -42,7 +49,11 @@ std::string makeTempDir()
 
 struct PanelX11 : ::testing::Test
 {
-    PanelX11() : parent(302, 250) {}
+    explicit PanelX11(double scale = 1.0)
+        : scale(scale),
+          parent(static_cast<int>(std::lround(302 * scale)), static_cast<int>(std::lround(250 * scale)))
+    {
+    }
 
     void SetUp() override
     {
@@ -53,6 +64,10 @@ struct PanelX11 : ::testing::Test
         host = makeHost();
         ASSERT_NE(host, nullptr);
         ASSERT_TRUE(host->hasEditor());
+        if (scale != 1.0)
+            ASSERT_EQ(host->dispatch(effVendorSpecific, kScaleRequest, kScaleRequestValue, nullptr,
+                                     static_cast<float>(scale)),
+                      1);
         ASSERT_TRUE(host->openEditor(parent.getWindow()));
         ASSERT_TRUE(idleUntil([&] { return editorShown(); }));
     }
@@ -83,10 +98,18 @@ struct PanelX11 : ::testing::Test
         const auto children = parent.children();
         return children.size() == 1 && children[0].mapped;
     }
+    // An editor point ("x y" in its units) on the screen.
+    std::string onScreen(const std::string& point) const
+    {
+        const auto blank = point.find(' ');
+        const auto scaled = [this](const std::string& units)
+        { return std::to_string(std::lround(std::stod(units) * scale)); };
+        return scaled(point.substr(0, blank)) + " " + scaled(point.substr(blank + 1));
+    }
     // A click at an editor point, then time for the editor to take it.
     void click(const std::string& point, const std::string& how = "click 1")
     {
-        ASSERT_TRUE(X11TestWindow::xdotool("mousemove " + point + " " + how));
+        ASSERT_TRUE(X11TestWindow::xdotool("mousemove " + onScreen(point) + " " + how));
         idleFor(150ms);
     }
     void keys(const std::string& arguments)
@@ -121,13 +144,20 @@ struct PanelX11 : ::testing::Test
                "'; sleep 0.3; xdotool key Return";
     }
 
+    double scale;
     X11TestWindow parent;
     std::unique_ptr<VstTestHost> host;
     std::string files = makeTempDir();
 };
+
+struct PanelX11AtScale : PanelX11, ::testing::WithParamInterface<double>
+{
+    PanelX11AtScale() : PanelX11(GetParam()) {}
+};
+INSTANTIATE_TEST_SUITE_P(ScaleOneAndTwo, PanelX11AtScale, ::testing::Values(1.0, 2.0));
 } // namespace
 
-TEST_F(PanelX11, NextNextPreviousLandsOnEnhancedMix1WithItsValuesInTheEffect)
+TEST_P(PanelX11AtScale, NextNextPreviousLandsOnEnhancedMix1WithItsValuesInTheEffect)
 {
     EXPECT_EQ(programNameAwaiting("init"), "init");
     click(kNext);
@@ -140,7 +170,7 @@ TEST_F(PanelX11, NextNextPreviousLandsOnEnhancedMix1WithItsValuesInTheEffect)
         EXPECT_EQ(parameter(i), values[i]) << i;
 }
 
-TEST_F(PanelX11, ClickingTheNameTypingAndReturnRenamesThePresetInTheHost)
+TEST_P(PanelX11AtScale, ClickingTheNameTypingAndReturnRenamesThePresetInTheHost)
 {
     click(kName);
     keys("key --delay 10 --repeat 6 BackSpace");
@@ -190,7 +220,7 @@ TEST_F(PanelX11, ClickingElsewhereConfirmsTheTypedName)
     EXPECT_EQ(programNameAwaiting("init b"), "init b");
 }
 
-TEST_F(PanelX11, ChoosingAnEntryInTheOpenListSelectsThatPreset)
+TEST_P(PanelX11AtScale, ChoosingAnEntryInTheOpenListSelectsThatPreset)
 {
     click(kList);
     // The list fills the frame's width at its foot: three columns of sixteen rows of 12 pixels.
