@@ -19,6 +19,12 @@ double envelopeCoefficient(float sampleRate)
     return 1.0 - std::pow(0.0625, 1.0 / (static_cast<double>(sampleRate) * 600.0 * 0.001));
 }
 
+double correlationCoefficient(float sampleRate)
+{
+    constexpr double kTimeConstantSeconds = 0.3;
+    return 1.0 - std::exp(-1.0 / (static_cast<double>(sampleRate) * kTimeConstantSeconds));
+}
+
 int32_t targetDelayPosition(float sampleRate, float baseFrequency)
 {
     float position = static_cast<float>(DelayLine::kLength) - sampleRate / baseFrequency;

@@ -13,6 +13,10 @@ float smoothingCoefficient(float sampleRate);
 // Shared by the two balance envelopes: closes 15/16 of a step in 600 ms.
 double envelopeCoefficient(float sampleRate);
 
+// The correlation meter's averages: a time constant of 300 ms (63 % of a step in 300 ms), slow enough to
+// read, quick enough to follow a mix part by part.
+double correlationCoefficient(float sampleRate);
+
 // The lowest base frequency, whose period is the longest delay.
 constexpr float kLowestBaseFrequency = 20.0f;
 

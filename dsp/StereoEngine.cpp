@@ -25,13 +25,14 @@ int wholeMode(float mode)
     return mode < 1.0f ? 0 : (mode < 2.0f ? 1 : 2);
 }
 
-// Both balance envelopes follow every output frame.
+// Both balance envelopes and the correlation follow every output frame.
 template <typename Sample>
-void followBalance(EnvelopeFollower& sum, EnvelopeFollower& difference, Sample left, Sample right,
-                   double coefficient)
+void followBalance(EnvelopeFollower& sum, EnvelopeFollower& difference, CorrelationFollower& correlation,
+                   Sample left, Sample right, double coefficient, double correlationCoefficient)
 {
     sum.follow(static_cast<double>(std::abs(left + right)), coefficient);
     difference.follow(static_cast<double>(std::abs(left - right)), coefficient);
+    correlation.follow(static_cast<double>(left), static_cast<double>(right), correlationCoefficient);
 }
 
 // A chunk's frames into the delay lines (b only in mode 0). The lines are reached through their own
@@ -116,6 +117,7 @@ void StereoEngine::resume(float sampleRate)
     sampleRate_.store(sampleRate, kRelaxed);
     smoothingCoefficient_ = smoothingCoefficient(sampleRate);
     envelopeCoefficient_ = envelopeCoefficient(sampleRate);
+    correlationCoefficient_ = correlationCoefficient(sampleRate);
     clearState();
     aimDelay();
     // A resumed effect starts at its targets instead of gliding to them.
@@ -140,11 +142,13 @@ void StereoEngine::suspend(float sampleRate)
 void StereoEngine::clearState()
 {
     meter_.store(0.0f, kRelaxed);
+    correlationMeter_.store(0.0f, kRelaxed);
     clearRequested_.store(false, kRelaxed);
     lineA_.clear();
     lineB_.clear();
     sumEnvelope_.reset();
     differenceEnvelope_.reset();
+    correlation_.reset();
     previousDelayed_ = 0.0f;
     writeIndex_ &= kDelayMask;
 }
@@ -202,8 +206,9 @@ void StereoEngine::processBlock(const Sample* inL, const Sample* inR, Sample* ou
         }
     }
 
-    // Also after an empty block, so the meter always reflects the envelopes.
+    // Also after an empty block, so the meters always reflect the envelopes.
     meter_.store(stereoMeter(sumEnvelope_.value(), differenceEnvelope_.value()), kRelaxed);
+    correlationMeter_.store(static_cast<float>(correlation_.value()), kRelaxed);
 }
 
 template <typename Sample>
@@ -211,7 +216,9 @@ void StereoEngine::bypass(const Sample* inL, const Sample* inR, Sample* outL, Sa
 {
     EnvelopeFollower sumEnvelope = sumEnvelope_;
     EnvelopeFollower differenceEnvelope = differenceEnvelope_;
+    CorrelationFollower correlation = correlation_;
     const double envelopeCoefficient = envelopeCoefficient_;
+    const double correlationCoefficient = correlationCoefficient_;
     for (int32_t n = 0; n < frames; ++n)
     {
         const Sample left = inL[n];
@@ -219,10 +226,12 @@ void StereoEngine::bypass(const Sample* inL, const Sample* inR, Sample* outL, Sa
         outL[n] = left;
         outR[n] = right;
         // The meter keeps moving in bypass so the user can compare the untouched image.
-        followBalance(sumEnvelope, differenceEnvelope, left, right, envelopeCoefficient);
+        followBalance(sumEnvelope, differenceEnvelope, correlation, left, right, envelopeCoefficient,
+                      correlationCoefficient);
     }
     sumEnvelope_ = sumEnvelope;
     differenceEnvelope_ = differenceEnvelope;
+    correlation_ = correlation;
 }
 
 template <int Mode, typename Sample>
@@ -270,10 +279,12 @@ void StereoEngine::enhanceFrames(const Sample* inL, const Sample* inR, Sample* o
     DelayGlide glide = glide_;
     EnvelopeFollower sumEnvelope = sumEnvelope_;
     EnvelopeFollower differenceEnvelope = differenceEnvelope_;
+    CorrelationFollower correlation = correlation_;
     float previous = previousDelayed_;
     int32_t writeIndex = writeIndex_;
     const float smoothing = smoothingCoefficient_;
     const double envelopeCoefficient = envelopeCoefficient_;
+    const double correlationCoefficient = correlationCoefficient_;
     const float depthTarget = targets.depth;
     const float widthTarget = targets.width;
     const int32_t positionTarget = targets.delayPosition;
@@ -317,7 +328,8 @@ void StereoEngine::enhanceFrames(const Sample* inL, const Sample* inR, Sample* o
         outL[n] = outLeft;
         outR[n] = outRight;
         writeIndex = (writeIndex + 1) & kDelayMask;
-        followBalance(sumEnvelope, differenceEnvelope, outLeft, outRight, envelopeCoefficient);
+        followBalance(sumEnvelope, differenceEnvelope, correlation, outLeft, outRight, envelopeCoefficient,
+                      correlationCoefficient);
     }
 
     depth_ = depth;
@@ -325,6 +337,7 @@ void StereoEngine::enhanceFrames(const Sample* inL, const Sample* inR, Sample* o
     glide_ = glide;
     sumEnvelope_ = sumEnvelope;
     differenceEnvelope_ = differenceEnvelope;
+    correlation_ = correlation;
     previousDelayed_ = previous;
     writeIndex_ = writeIndex;
 }
@@ -353,16 +366,20 @@ void StereoEngine::enhanceChunk(const Sample* inL, const Sample* inR, Sample* ou
 
     EnvelopeFollower sumEnvelope = sumEnvelope_;
     EnvelopeFollower differenceEnvelope = differenceEnvelope_;
+    CorrelationFollower correlation = correlation_;
     const double envelopeCoefficient = envelopeCoefficient_;
+    const double correlationCoefficient = correlationCoefficient_;
     for (int32_t n = 0; n < kChunk; ++n)
     {
         // Left first: when both outputs are one buffer it must end up holding the right channel.
         outL[n] = left[n];
         outR[n] = right[n];
-        followBalance(sumEnvelope, differenceEnvelope, left[n], right[n], envelopeCoefficient);
+        followBalance(sumEnvelope, differenceEnvelope, correlation, left[n], right[n], envelopeCoefficient,
+                      correlationCoefficient);
     }
     sumEnvelope_ = sumEnvelope;
     differenceEnvelope_ = differenceEnvelope;
+    correlation_ = correlation;
 }
 
 } // namespace spatara

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CorrelationFollower.h"
 #include "DelayGlide.h"
 #include "DelayLine.h"
 #include "EnvelopeFollower.h"
@@ -54,6 +55,8 @@ class StereoEngine
     void process(const double* inL, const double* inR, double* outL, double* outR, int32_t frames);
 
     float meter() const { return meter_.load(std::memory_order_relaxed); } // -0.5..0.5
+    // The output's phase correlation, -1..+1 (0 in silence), any thread.
+    float correlation() const { return correlationMeter_.load(std::memory_order_relaxed); }
 
     // --- inspection, for tests; not while process() runs -----------------------------------------------
 
@@ -99,15 +102,18 @@ class StereoEngine
     std::atomic<bool> clearRequested_{false};
     std::atomic<bool> jumpRequested_{false};
     std::atomic<float> meter_{0.0f};
+    std::atomic<float> correlationMeter_{0.0f};
 
     // Audio-thread state.
     float smoothingCoefficient_ = 0.0f; // depth, width and delay all glide at the same rate
     double envelopeCoefficient_ = 0.0;
+    double correlationCoefficient_ = 0.0;
     ParameterSmoother depth_;
     ParameterSmoother width_;
     DelayGlide glide_;
     EnvelopeFollower sumEnvelope_;
     EnvelopeFollower differenceEnvelope_;
+    CorrelationFollower correlation_;
     float previousDelayed_ = 0.0f;
     int32_t writeIndex_ = 0;
     DelayLine lineA_;

@@ -16,7 +16,7 @@ namespace spatara
 namespace
 {
 constexpr const char* kBankKey = "bank";
-constexpr int kMeterCount = 1;
+constexpr int kMeterCount = 2; // the balance and the correlation
 constexpr int kStateCount = 1;
 constexpr int kHostBypassCount = SPATARA_HOST_BYPASS;
 } // namespace
@@ -114,6 +114,15 @@ void SpataraDpfPlugin::initParameter(uint32_t index, DISTRHO::Parameter& paramet
         parameter.ranges = DISTRHO::ParameterRanges(0.0f, -0.5f, 0.5f);
         return;
     }
+    if (index == kCorrelationIndex)
+    {
+        parameter.hints = DISTRHO::kParameterIsOutput;
+        parameter.name = "correlation";
+        parameter.symbol = "correlation";
+        parameter.description = "The output's phase correlation, from -1 (one channel inverted) to +1 (mono)";
+        parameter.ranges = DISTRHO::ParameterRanges(0.0f, -1.0f, 1.0f);
+        return;
+    }
 #if SPATARA_HOST_BYPASS
     if (index == kBypassIndex)
     {
@@ -149,6 +158,7 @@ void SpataraDpfPlugin::initParameter(uint32_t index, DISTRHO::Parameter& paramet
 float SpataraDpfPlugin::getParameterValue(uint32_t index) const
 {
     if (index == kMeterIndex) return effect->getStereoMeter();
+    if (index == kCorrelationIndex) return effect->getCorrelation();
 #if SPATARA_HOST_BYPASS
     // Bypassed is the effect's "process" off.
     if (index == kBypassIndex)

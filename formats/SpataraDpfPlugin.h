@@ -23,6 +23,9 @@ class SpataraDpfPlugin : public DISTRHO::Plugin
     static constexpr uint32_t kMeterIndex = kNumParameters;
     // The host's bypass switch, after the meter, in the formats that have one (SPATARA_HOST_BYPASS).
     static constexpr uint32_t kBypassIndex = kMeterIndex + 1;
+    // The correlation meter, last, so that the parameters before it keep the numbers projects saved them
+    // under.
+    static constexpr uint32_t kCorrelationIndex = kMeterIndex + 1 + SPATARA_HOST_BYPASS;
 
     // ---- for the framework UI (host's UI thread)
     // The effect, for its editor requests.

@@ -17,6 +17,7 @@ namespace
 constexpr VstInt32 kUniqueId = CCONST('Q', 'w', 's', 'n');
 constexpr VstInt32 kVendorVersion = SPATARA_VENDOR_VERSION;
 constexpr VstInt32 kMeterRequest = CCONST('Z', 'v', 'M', 't');
+constexpr VstInt32 kCorrelationRequest = CCONST('Z', 'v', 'C', 'r');
 // The request hosts send to tell an editor the scale of the screen: the scale is the float argument.
 constexpr VstInt32 kScaleRequest = CCONST('P', 'r', 'e', 'S');
 constexpr VstIntPtr kScaleRequestValue = CCONST('A', 'e', 'C', 's');
@@ -164,8 +165,8 @@ VstIntPtr Spatara::vendorSpecific(VstInt32 index, VstIntPtr value, void* ptr, fl
         auto* editor = dynamic_cast<AEffGUIEditor*>(getEditor());
         return editor && editor->setHostScale(opt) ? 1 : 0;
     }
-    if (index != kMeterRequest || !ptr) return 0;
-    *static_cast<float*>(ptr) = engine.meter();
+    if ((index != kMeterRequest && index != kCorrelationRequest) || !ptr) return 0;
+    *static_cast<float*>(ptr) = index == kMeterRequest ? engine.meter() : engine.correlation();
     return 1;
 }
 

@@ -33,9 +33,12 @@ class Spatara : public CPresetSystemEffect
     VstInt32 getGetTailSize() override;
     // The balance meter, -0.5 (anti-phase) .. +0.5 (mono); any thread.
     float getStereoMeter() const { return engine.meter(); }
+    // The output's phase correlation, -1 .. +1 (0 in silence); any thread.
+    float getCorrelation() const { return engine.correlation(); }
     // The next block starts at the parameters' values instead of gliding to them (any thread).
     void jumpAtNextBlock() { engine.jumpAtNextBlock(); }
-    // Our own request: 'ZvMt' writes the balance meter into the float at ptr, so offline hosts can show it.
+    // Our own requests: 'ZvMt' writes the balance meter into the float at ptr, 'ZvCr' the output's phase
+    // correlation (-1..+1), so offline hosts can show them.
     // And the hosts' 'PreS' with value 'AeCs': the editor's scale is opt (1 to 4), open or not.
     VstIntPtr vendorSpecific(VstInt32 index, VstIntPtr value, void* ptr, float opt) override;
 

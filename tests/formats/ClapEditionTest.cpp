@@ -90,7 +90,7 @@ TEST(ClapPlugin, ParametersAreTheLv2EditionsInRealUnitsWithTheHostsBypass)
     auto host = loadClap(44100.0);
     ASSERT_TRUE(host);
     const std::vector<clap_param_info_t> params = host->parameters();
-    ASSERT_EQ(params.size(), 8u);
+    ASSERT_EQ(params.size(), 9u);
     struct Expected
     {
         const char* name;
@@ -106,6 +106,7 @@ TEST(ClapPlugin, ParametersAreTheLv2EditionsInRealUnitsWithTheHostsBypass)
         {"mode", 0, 2, 0, CLAP_PARAM_IS_AUTOMATABLE | CLAP_PARAM_IS_STEPPED},
         {"meter", -0.5, 0.5, 0, CLAP_PARAM_IS_READONLY},
         {"Bypass", 0, 1, 0, CLAP_PARAM_IS_AUTOMATABLE | CLAP_PARAM_IS_STEPPED | CLAP_PARAM_IS_BYPASS},
+        {"correlation", -1, 1, 0, CLAP_PARAM_IS_READONLY},
     };
     for (std::size_t i = 0; i < params.size(); ++i)
     {
@@ -157,6 +158,15 @@ TEST_P(ClapEdition, SoundsLikeTheVstPluginInEveryModeAndWithProcessOff)
         EXPECT_GT(peak(expected), 0.1);
         EXPECT_LE(largestDifference(runClap(*clap, in), expected), 1e-6)
             << "mode " << settings[kMode] << " process " << settings[kProcess] << " at " << rate;
+        // The meters as outputs: what the VST 2.4 plug-in answers to its requests.
+        for (const auto& [name, request] : {std::pair{"meter", CCONST('Z', 'v', 'M', 't')},
+                                            std::pair{"correlation", CCONST('Z', 'v', 'C', 'r')}})
+        {
+            float reading = 0.0f;
+            ASSERT_EQ(vst->dispatch(effVendorSpecific, request, 0, &reading), 1);
+            EXPECT_NE(reading, 0.0f) << name;
+            EXPECT_EQ(clap->value(clap->parameterId(name)), reading) << name;
+        }
     }
 }
 

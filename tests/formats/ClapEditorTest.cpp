@@ -78,7 +78,7 @@ class ClapEditor : public ::testing::Test
         return screenshot(parent, name, static_cast<int>(width), static_cast<int>(height));
     }
 
-    X11TestWindow parent{640, 520}; // room for the editor at scale 2
+    X11TestWindow parent{640, 520};     // room for the editor at scale 2
     std::unique_ptr<ClapTestHost> host; // closed before its parent window
     uint32_t width = 0, height = 0;
 };

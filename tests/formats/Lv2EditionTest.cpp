@@ -169,6 +169,11 @@ TEST_P(Lv2Edition, SoundsLikeTheVstPluginInEveryModeAndInBypass)
         ASSERT_EQ(vst->dispatch(effVendorSpecific, CCONST('Z', 'v', 'M', 't'), 0, &meter), 1);
         EXPECT_NE(meter, 0.0f);
         EXPECT_EQ(lv2->control("meter"), meter);
+        // And the correlation output what it answers to its correlation request.
+        float correlation = 0.0f;
+        ASSERT_EQ(vst->dispatch(effVendorSpecific, CCONST('Z', 'v', 'C', 'r'), 0, &correlation), 1);
+        EXPECT_NE(correlation, 0.0f);
+        EXPECT_EQ(lv2->control("correlation"), correlation);
     }
 }
 

@@ -18,7 +18,8 @@ IFS='|' read -r type name audio midi controls flags path _ <<< "$line"
 [ "$name" = "ZEV Spatara" ] || { echo "FAIL: listed as '$name'"; exit 1; }
 [ "$audio" = "2:2" ] || { echo "FAIL: audio $audio, expected 2:2"; exit 1; }
 [ "$midi" = "0:0" ] || { echo "FAIL: MIDI $midi, expected 0:0"; exit 1; }
-[ "$controls" = "7:1" ] || { echo "FAIL: controls $controls, expected 7:1"; exit 1; }
+# Six parameters and the host's bypass in; the balance and the correlation meters out.
+[ "$controls" = "7:2" ] || { echo "FAIL: controls $controls, expected 7:2"; exit 1; }
 [[ ",$flags," == *",GUI,"* ]] || { echo "FAIL: flags $flags: no editor"; exit 1; }
 [[ ",$flags," == *",RT,"* ]] || { echo "FAIL: flags $flags: not real-time safe"; exit 1; }
 [ "$path" = "$clap" ] || { echo "FAIL: path $path"; exit 1; }

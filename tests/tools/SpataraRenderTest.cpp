@@ -120,6 +120,7 @@ TEST_F(SpataraRender, MonoFileBecomesStereoAndReadsAsMonoOnTheMeter)
         ASSERT_EQ(out.samples[2 * i + 1], in.samples[i]) << i;
     }
     EXPECT_NE(result.out.find("balance meter: +0.500"), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("\ncorrelation: +1.00\n"), std::string::npos) << result.out;
 }
 
 TEST_F(SpataraRender, DoublePrecisionRendersToo)
@@ -411,4 +412,21 @@ TEST_F(SpataraRender, ABadArgumentPrintsOneLineAndExitsWithTwo)
         EXPECT_TRUE(result.err.size() > 13 && result.err.substr(result.err.size() - 13) == "; try --help\n")
             << result.err;
     }
+}
+
+TEST_F(SpataraRender, TheLastLinesGiveTheBalanceAndTheCorrelationOfTheOutput)
+{
+    // Two tones a fifth apart, one a channel: unrelated over a second.
+    ASSERT_TRUE(writeAudio(dir.file("in.wav"), tone(2, 44100, SF_FORMAT_WAV | SF_FORMAT_FLOAT, 1.0)));
+    const auto result = render(dir.file("in.wav"), dir.file("out.wav"), "--param process=off");
+    ASSERT_EQ(result.exitCode, 0) << result.err;
+    const std::size_t balance = result.out.find("\nbalance meter: ");
+    const std::size_t correlation = result.out.find("\ncorrelation: ");
+    ASSERT_NE(balance, std::string::npos) << result.out;
+    ASSERT_NE(correlation, std::string::npos) << result.out;
+    EXPECT_GT(correlation, balance) << "the correlation comes last";
+    EXPECT_EQ(result.out.find('\n', correlation + 1), result.out.size() - 1) << result.out;
+    const std::string value = result.out.substr(correlation + 14, 5);
+    EXPECT_TRUE(value[0] == '+' || value[0] == '-') << value;
+    EXPECT_NEAR(std::stod(value), 0.0, 0.1) << value;
 }

@@ -17,6 +17,7 @@ namespace
 {
 // The plug-in's own request for its balance meter, through the vendor-specific opcode.
 constexpr VstInt32 kMeterRequest = CCONST('Z', 'v', 'M', 't');
+constexpr VstInt32 kCorrelationRequest = CCONST('Z', 'v', 'C', 'r');
 // Where the bank header's current preset sits in a ZEV chunk: 8-byte chunk head + 17.
 constexpr std::size_t kChunkCurrentPresetOffset = 8 + 17;
 
@@ -155,7 +156,11 @@ bool setParameters(VstPluginHost& host, const std::vector<std::pair<std::string,
     return true;
 }
 
-bool readBalanceMeter(VstPluginHost& host, float& meter)
+std::optional<MeterReadings> readMeters(VstPluginHost& host)
 {
-    return host.dispatch(effVendorSpecific, kMeterRequest, 0, &meter) == 1;
+    MeterReadings readings{};
+    if (host.dispatch(effVendorSpecific, kMeterRequest, 0, &readings.balance) != 1 ||
+        host.dispatch(effVendorSpecific, kCorrelationRequest, 0, &readings.correlation) != 1)
+        return std::nullopt;
+    return readings;
 }

@@ -2,6 +2,7 @@
 // Each answers false and says why in one line when it cannot do what was asked.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,7 +18,13 @@ bool selectPreset(VstPluginHost& host, const std::string& preset, std::string& e
 // Sets parameters by name to normalised values.
 bool setParameters(VstPluginHost& host, const std::vector<std::pair<std::string, float>>& params,
                    std::string& error);
-// The balance meter of a ZEV plug-in (0 balanced, +0.5 mono, -0.5 anti-phase); false for other plug-ins.
-bool readBalanceMeter(VstPluginHost& host, float& meter);
+// What a ZEV plug-in's meters read.
+struct MeterReadings
+{
+    float balance;     // 0 balanced, +0.5 mono, -0.5 anti-phase
+    float correlation; // +1 mono, 0 unrelated, -1 one channel inverted
+};
+// The meters of a ZEV plug-in; nothing for other plug-ins.
+std::optional<MeterReadings> readMeters(VstPluginHost& host);
 // Writes bytes to a file through a temporary file in the same folder and a rename.
 bool writeFileAtomically(const std::string& file, const char* data, std::size_t size, std::string& error);

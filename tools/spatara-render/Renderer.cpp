@@ -176,7 +176,7 @@ bool Renderer::run(std::string& error)
                                            : renderAll<float>(effect, in.get(), out.get(), inInfo.channels,
                                                               options.blockSize, progress, processingSeconds);
     }
-    meterAvailable = readBalanceMeter(host, meterReading); // before switching off, which clears it
+    meterReadings = readMeters(host); // before switching off, which clears them
     host.stop();
 
     const bool closed = sf_close(out.release()) == 0;

@@ -1,6 +1,9 @@
 // Renders an audio file through a loaded plug-in, block by block, the way a host plays it.
 #pragma once
 
+#include "HostActions.h"
+
+#include <optional>
 #include <string>
 
 class VstPluginHost;
@@ -15,14 +18,13 @@ class Renderer
     // answers false, says why in one line, and leaves no output file behind.
     bool run(std::string& error);
 
-    float meter() const { return meterReading; }
-    bool hasMeter() const { return meterAvailable; }
+    // The plug-in's meters at the end of the input; nothing for plug-ins other than ours.
+    const std::optional<MeterReadings>& meters() const { return meterReadings; }
     double seconds() const { return processingSeconds; }
 
   private:
     VstPluginHost& host;
     const RenderOptions& options;
-    float meterReading = 0.0f;
-    bool meterAvailable = false;
+    std::optional<MeterReadings> meterReadings;
     double processingSeconds = 0.0;
 };

@@ -72,11 +72,13 @@ int main(int argc, char** argv)
         std::snprintf(line, sizeof(line), "wrote %s (%.3f s spent in the plug-in)\n", options->output.c_str(),
                       renderer.seconds());
         std::cout << line;
-        if (renderer.hasMeter())
+        if (const auto& meters = renderer.meters())
         {
             std::snprintf(line, sizeof(line),
-                          "balance meter: %+.3f (shown %.3f; +0.5 mono, -0.5 anti-phase)\n",
-                          static_cast<double>(renderer.meter()), 0.5 + static_cast<double>(renderer.meter()));
+                          "balance meter: %+.3f (shown %.3f; +0.5 mono, -0.5 anti-phase)\n"
+                          "correlation: %+.2f\n",
+                          static_cast<double>(meters->balance), 0.5 + static_cast<double>(meters->balance),
+                          static_cast<double>(meters->correlation));
             std::cout << line;
         }
     }
