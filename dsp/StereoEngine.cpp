@@ -25,14 +25,13 @@ int wholeMode(float mode)
     return mode < 1.0f ? 0 : (mode < 2.0f ? 1 : 2);
 }
 
-// Both balance envelopes and the correlation follow every output frame.
+// Both balance envelopes follow every output frame.
 template <typename Sample>
-void followBalance(EnvelopeFollower& sum, EnvelopeFollower& difference, CorrelationFollower& correlation,
-                   Sample left, Sample right, double coefficient, double correlationCoefficient)
+void followBalance(EnvelopeFollower& sum, EnvelopeFollower& difference, Sample left, Sample right,
+                   double coefficient)
 {
     sum.follow(static_cast<double>(std::abs(left + right)), coefficient);
     difference.follow(static_cast<double>(std::abs(left - right)), coefficient);
-    correlation.follow(static_cast<double>(left), static_cast<double>(right), correlationCoefficient);
 }
 
 // A chunk's frames into the delay lines (b only in mode 0). The lines are reached through their own
@@ -208,6 +207,12 @@ void StereoEngine::processBlock(const Sample* inL, const Sample* inR, Sample* ou
 
     // Also after an empty block, so the meters always reflect the envelopes.
     meter_.store(stereoMeter(sumEnvelope_.value(), differenceEnvelope_.value()), kRelaxed);
+    // The correlation reads the finished output in a pass of its own, which the processor runs far quicker
+    // than the same sums inside the loops above. A host that gave one buffer for both outputs keeps only the
+    // right channel, a mono output, and reads +1 for it.
+    CorrelationSums sums;
+    sums.add(outL, outR, frames);
+    correlation_.follow(sums, frames, correlationCoefficient_);
     correlationMeter_.store(static_cast<float>(correlation_.value()), kRelaxed);
 }
 
@@ -216,9 +221,7 @@ void StereoEngine::bypass(const Sample* inL, const Sample* inR, Sample* outL, Sa
 {
     EnvelopeFollower sumEnvelope = sumEnvelope_;
     EnvelopeFollower differenceEnvelope = differenceEnvelope_;
-    CorrelationFollower correlation = correlation_;
     const double envelopeCoefficient = envelopeCoefficient_;
-    const double correlationCoefficient = correlationCoefficient_;
     for (int32_t n = 0; n < frames; ++n)
     {
         const Sample left = inL[n];
@@ -226,12 +229,10 @@ void StereoEngine::bypass(const Sample* inL, const Sample* inR, Sample* outL, Sa
         outL[n] = left;
         outR[n] = right;
         // The meter keeps moving in bypass so the user can compare the untouched image.
-        followBalance(sumEnvelope, differenceEnvelope, correlation, left, right, envelopeCoefficient,
-                      correlationCoefficient);
+        followBalance(sumEnvelope, differenceEnvelope, left, right, envelopeCoefficient);
     }
     sumEnvelope_ = sumEnvelope;
     differenceEnvelope_ = differenceEnvelope;
-    correlation_ = correlation;
 }
 
 template <int Mode, typename Sample>
@@ -279,12 +280,10 @@ void StereoEngine::enhanceFrames(const Sample* inL, const Sample* inR, Sample* o
     DelayGlide glide = glide_;
     EnvelopeFollower sumEnvelope = sumEnvelope_;
     EnvelopeFollower differenceEnvelope = differenceEnvelope_;
-    CorrelationFollower correlation = correlation_;
     float previous = previousDelayed_;
     int32_t writeIndex = writeIndex_;
     const float smoothing = smoothingCoefficient_;
     const double envelopeCoefficient = envelopeCoefficient_;
-    const double correlationCoefficient = correlationCoefficient_;
     const float depthTarget = targets.depth;
     const float widthTarget = targets.width;
     const int32_t positionTarget = targets.delayPosition;
@@ -328,8 +327,7 @@ void StereoEngine::enhanceFrames(const Sample* inL, const Sample* inR, Sample* o
         outL[n] = outLeft;
         outR[n] = outRight;
         writeIndex = (writeIndex + 1) & kDelayMask;
-        followBalance(sumEnvelope, differenceEnvelope, correlation, outLeft, outRight, envelopeCoefficient,
-                      correlationCoefficient);
+        followBalance(sumEnvelope, differenceEnvelope, outLeft, outRight, envelopeCoefficient);
     }
 
     depth_ = depth;
@@ -337,7 +335,6 @@ void StereoEngine::enhanceFrames(const Sample* inL, const Sample* inR, Sample* o
     glide_ = glide;
     sumEnvelope_ = sumEnvelope;
     differenceEnvelope_ = differenceEnvelope;
-    correlation_ = correlation;
     previousDelayed_ = previous;
     writeIndex_ = writeIndex;
 }
@@ -366,20 +363,16 @@ void StereoEngine::enhanceChunk(const Sample* inL, const Sample* inR, Sample* ou
 
     EnvelopeFollower sumEnvelope = sumEnvelope_;
     EnvelopeFollower differenceEnvelope = differenceEnvelope_;
-    CorrelationFollower correlation = correlation_;
     const double envelopeCoefficient = envelopeCoefficient_;
-    const double correlationCoefficient = correlationCoefficient_;
     for (int32_t n = 0; n < kChunk; ++n)
     {
         // Left first: when both outputs are one buffer it must end up holding the right channel.
         outL[n] = left[n];
         outR[n] = right[n];
-        followBalance(sumEnvelope, differenceEnvelope, correlation, left[n], right[n], envelopeCoefficient,
-                      correlationCoefficient);
+        followBalance(sumEnvelope, differenceEnvelope, left[n], right[n], envelopeCoefficient);
     }
     sumEnvelope_ = sumEnvelope;
     differenceEnvelope_ = differenceEnvelope;
-    correlation_ = correlation;
 }
 
 } // namespace spatara
