@@ -4,6 +4,7 @@
 #include "Lv2TestHost.h"
 #include "ParameterTable.h"
 #include "RunCommand.h"
+#include "TempDir.h"
 #include "VstReference.h"
 
 #include "extra/Base64.hpp"
@@ -235,6 +236,40 @@ TEST(Lv2State, SavedStateRestoresInAnotherInstance)
     EXPECT_EQ(second->control("phase"), 1.0f);
     EXPECT_EQ(second->control("mode"), 2.0f);
     EXPECT_EQ(lv2Bank(*second), lv2Bank(*first));
+}
+
+TEST(Lv2State, AUserPresetSavedByTheHostRestoresTheValuesAndTheBankAsSaved)
+{
+    auto lv2 = loadLv2(44100.0);
+    ASSERT_TRUE(lv2);
+    const Stereo in = testSignal(44100.0);
+    setLv2(*lv2, kEveryMode[1]);
+    runLv2(*lv2, in);
+    const auto bank = lv2Bank(*lv2);
+    TempDir folder;
+    const std::string preset = folder.file("mine.preset.lv2");
+    ASSERT_TRUE(lv2->saveUserPreset(preset, "mine"));
+
+    // Afterwards the user moves on: other values, and a bank from elsewhere.
+    auto vst = loadVstStartedOn(44100.0, kEveryMode[2]);
+    ASSERT_TRUE(vst);
+    const std::string saved = lv2->saveState();
+    const auto start = saved.find('"', saved.find("spatara#bank>"));
+    const auto end = saved.find('"', start + 1);
+    const std::vector<unsigned char> other = vstChunk(*vst);
+    ASSERT_TRUE(lv2->restoreState(saved.substr(0, start + 1) +
+                                  DISTRHO::String::asBase64(other.data(), other.size()).buffer() +
+                                  saved.substr(end)));
+    setLv2(*lv2, kEveryMode[2]);
+    runLv2(*lv2, in);
+    ASSERT_NE(lv2Bank(*lv2), bank);
+
+    ASSERT_TRUE(lv2->loadUserPreset(preset, "mine"));
+    EXPECT_EQ(lv2Bank(*lv2), bank);
+    for (int i = 0; i < kNumParameters; ++i)
+        EXPECT_EQ(lv2->control(spatara::parameterInfo(i).symbol),
+                  spatara::parameterInfo(i).toUnit(kEveryMode[1][i]))
+            << spatara::parameterInfo(i).symbol;
 }
 
 TEST(Lv2State, TheBankMovesIntoTheVstPluginByteForByte)

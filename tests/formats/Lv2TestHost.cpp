@@ -350,6 +350,29 @@ std::string Lv2TestHost::saveState()
     return result;
 }
 
+bool Lv2TestHost::saveUserPreset(const std::string& folder, const std::string& label)
+{
+    LilvState* state = lilv_state_new_from_instance(
+        plugin, instance, &mapFeature, nullptr, nullptr, nullptr, nullptr, &Lv2TestHost::portValue, this,
+        LV2_STATE_IS_POD | LV2_STATE_IS_PORTABLE, features.data());
+    if (!state) return false;
+    lilv_state_set_label(state, label.c_str());
+    const int failed =
+        lilv_state_save(world, &mapFeature, &unmapFeature, state,
+                        ("urn:spatara-test:preset:" + label).c_str(), folder.c_str(), "preset.ttl");
+    lilv_state_free(state);
+    return failed == 0;
+}
+
+bool Lv2TestHost::loadUserPreset(const std::string& folder, const std::string& label)
+{
+    // As a host finds it: its bundle joins the world, and it is one of the plug-in's presets.
+    LilvNode* bundle = lilv_new_file_uri(world, nullptr, (folder + "/").c_str());
+    lilv_world_load_bundle(world, bundle);
+    lilv_node_free(bundle);
+    return loadPreset(label);
+}
+
 bool Lv2TestHost::restoreState(const std::string& text)
 {
     LilvState* state = lilv_state_new_from_string(world, &mapFeature, text.c_str());

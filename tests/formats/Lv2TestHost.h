@@ -46,6 +46,11 @@ class Lv2TestHost
     std::vector<std::string> presetLabels() const;
     bool loadPreset(const std::string& label);
 
+    // ---- a user preset as a host saves it: a bundle of its own in folder, with this label; and loading it
+    // back from that folder by its label
+    bool saveUserPreset(const std::string& folder, const std::string& label);
+    bool loadUserPreset(const std::string& folder, const std::string& label);
+
     // ---- state as a host keeps it in a project (Turtle text), and back
     std::string saveState();
     bool restoreState(const std::string& text);
