@@ -66,16 +66,15 @@ void RatioReporter::printTable(std::ostream& out) const
     }
 }
 
-void RatioReporter::printDenormalTable(std::ostream& out) const
+void RatioReporter::printComparison(std::ostream& out, const std::string& marker, const char* heading) const
 {
-    static const std::string kDenormal = "-denormal";
     char cell[64];
-    out << "\nns per frame of denormal input (ratio to the same row with normal input)\n";
+    out << "\n" << heading << "\n";
     for (const std::string& row : rows_)
     {
-        const size_t at = row.find(kDenormal);
+        const size_t at = row.find(marker);
         if (at == std::string::npos) continue;
-        const std::string normalRow = row.substr(0, at) + row.substr(at + kDenormal.size());
+        const std::string normalRow = row.substr(0, at) + row.substr(at + marker.size());
         std::snprintf(cell, sizeof cell, "%-30s", row.c_str());
         out << cell;
         for (const std::string& block : blocks_)

@@ -53,6 +53,7 @@ struct Variant
     bool bypass;
     bool gliding;  // targets moved every block, so the smoothing never rests
     bool denormal; // input in the denormal range of the sample type
+    bool scope;    // the scope open, its points read after every block as the editor reads them
 };
 
 template <typename Sample> void engineBlock(benchmark::State& state, Variant variant, int block)
@@ -69,6 +70,8 @@ template <typename Sample> void engineBlock(benchmark::State& state, Variant var
     engine.setMode(variant.mode);
     engine.resume(kSampleRate);
 
+    engine.setScopeOpen(variant.scope);
+    std::vector<float> points(2 * spatara::ScopeRing::kCapacity);
     bool flip = false;
     for (auto _ : state)
     {
@@ -80,6 +83,7 @@ template <typename Sample> void engineBlock(benchmark::State& state, Variant var
             engine.setBaseFrequency(flip ? 200.0f : 300.0f);
         }
         engine.process(inL.data(), inR.data(), outL.data(), outR.data(), block);
+        if (variant.scope) engine.readScope(points.data(), spatara::ScopeRing::kCapacity);
         benchmark::DoNotOptimize(outL.data());
         benchmark::DoNotOptimize(outR.data());
         benchmark::ClobberMemory();
@@ -114,20 +118,24 @@ void registerBenchmarks()
     for (int block : kBlocks)
         benchmark::RegisterBenchmark(("floor/" + std::to_string(block)).c_str(), envelopeFloor, block);
 
-    const Variant variants[] = {{"mode0", 0.0f, false, false, false},
-                                {"mode1", 1.0f, false, false, false},
-                                {"mode2", 2.0f, false, false, false},
-                                {"bypass", 0.0f, true, false, false},
-                                {"mode0-gliding", 0.0f, false, true, false},
-                                {"mode1-gliding", 1.0f, false, true, false},
-                                {"mode2-gliding", 2.0f, false, true, false},
-                                {"mode0-denormal", 0.0f, false, false, true},
-                                {"mode1-denormal", 1.0f, false, false, true},
-                                {"mode2-denormal", 2.0f, false, false, true},
-                                {"bypass-denormal", 0.0f, true, false, true},
-                                {"mode0-gliding-denormal", 0.0f, false, true, true},
-                                {"mode1-gliding-denormal", 1.0f, false, true, true},
-                                {"mode2-gliding-denormal", 2.0f, false, true, true}};
+    const Variant variants[] = {{"mode0", 0.0f, false, false, false, false},
+                                {"mode1", 1.0f, false, false, false, false},
+                                {"mode2", 2.0f, false, false, false, false},
+                                {"bypass", 0.0f, true, false, false, false},
+                                {"mode0-gliding", 0.0f, false, true, false, false},
+                                {"mode1-gliding", 1.0f, false, true, false, false},
+                                {"mode2-gliding", 2.0f, false, true, false, false},
+                                {"mode0-denormal", 0.0f, false, false, true, false},
+                                {"mode1-denormal", 1.0f, false, false, true, false},
+                                {"mode2-denormal", 2.0f, false, false, true, false},
+                                {"bypass-denormal", 0.0f, true, false, true, false},
+                                {"mode0-gliding-denormal", 0.0f, false, true, true, false},
+                                {"mode1-gliding-denormal", 1.0f, false, true, true, false},
+                                {"mode2-gliding-denormal", 2.0f, false, true, true, false},
+                                {"mode0-scope", 0.0f, false, false, false, true},
+                                {"mode1-scope", 1.0f, false, false, false, true},
+                                {"mode2-scope", 2.0f, false, false, false, true},
+                                {"bypass-scope", 0.0f, true, false, false, true}};
     const auto name = [](const Variant& variant, const char* precision, int block)
     { return std::string(variant.name) + '-' + precision + '/' + std::to_string(block); };
     for (const Variant& variant : variants)
@@ -151,7 +159,10 @@ int main(int argc, char** argv)
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.printTable(std::cout);
-    reporter.printDenormalTable(std::cout);
+    reporter.printComparison(std::cout, "-denormal",
+                             "ns per frame of denormal input (ratio to the same row with normal input)");
+    reporter.printComparison(std::cout, "-scope",
+                             "ns per frame with the scope open (ratio to the same row with it closed)");
     benchmark::Shutdown();
     return 0;
 }

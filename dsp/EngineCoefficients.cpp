@@ -25,6 +25,13 @@ double correlationCoefficient(float sampleRate)
     return 1.0 - std::exp(-1.0 / (static_cast<double>(sampleRate) * kTimeConstantSeconds));
 }
 
+int32_t scopeStride(float sampleRate)
+{
+    constexpr float kPointsPerSecond = 4000.0f;
+    const float frames = sampleRate / kPointsPerSecond;
+    return frames >= 2.0f ? static_cast<int32_t>(frames) : 1;
+}
+
 int32_t targetDelayPosition(float sampleRate, float baseFrequency)
 {
     float position = static_cast<float>(DelayLine::kLength) - sampleRate / baseFrequency;

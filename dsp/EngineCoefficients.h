@@ -17,6 +17,9 @@ double envelopeCoefficient(float sampleRate);
 // read, quick enough to follow a mix part by part.
 double correlationCoefficient(float sampleRate);
 
+// Frames between two points handed to the scope: about 4,000 points a second, never fewer than 2,000.
+int32_t scopeStride(float sampleRate);
+
 // The lowest base frequency, whose period is the longest delay.
 constexpr float kLowestBaseFrequency = 20.0f;
 

@@ -117,6 +117,8 @@ void StereoEngine::resume(float sampleRate)
     smoothingCoefficient_ = smoothingCoefficient(sampleRate);
     envelopeCoefficient_ = envelopeCoefficient(sampleRate);
     correlationCoefficient_ = correlationCoefficient(sampleRate);
+    scopeStride_ = scopeStride(sampleRate);
+    scopeSkip_ = 0;
     clearState();
     aimDelay();
     // A resumed effect starts at its targets instead of gliding to them.
@@ -214,6 +216,21 @@ void StereoEngine::processBlock(const Sample* inL, const Sample* inR, Sample* ou
     sums.add(outL, outR, frames);
     correlation_.follow(sums, frames, correlationCoefficient_);
     correlationMeter_.store(static_cast<float>(correlation_.value()), kRelaxed);
+    if (scopeOpen_.load(kRelaxed)) handToScope(outL, outR, frames);
+}
+
+template <typename Sample>
+void StereoEngine::handToScope(const Sample* outL, const Sample* outR, int32_t frames)
+{
+    int32_t n = scopeSkip_;
+    for (; n < frames; n += scopeStride_)
+    {
+        const auto left = static_cast<float>(outL[n]);
+        const auto right = static_cast<float>(outR[n]);
+        // Bad samples are no points; a full ring drops the point, the editor catches up.
+        if (std::isfinite(left) && std::isfinite(right)) scopeRing_.push(left, right);
+    }
+    scopeSkip_ = n - frames;
 }
 
 template <typename Sample>

@@ -6,6 +6,7 @@
 #include "EnvelopeFollower.h"
 #include "ModeKernel.h"
 #include "ParameterSmoother.h"
+#include "ScopeRing.h"
 #include "StrictArithmetic.h"
 
 #include <atomic>
@@ -58,6 +59,13 @@ class StereoEngine
     // The output's phase correlation, -1..+1 (0 in silence), any thread.
     float correlation() const { return correlationMeter_.load(std::memory_order_relaxed); }
 
+    // --- the scope: while it is open the audio thread hands on every so many output frames, at least 2,000
+    // a second at any rate (about 4,000); closed, it does nothing for it. Editor's thread.
+    void setScopeOpen(bool open) { scopeOpen_.store(open, std::memory_order_relaxed); }
+    // Up to maxPoints of the points handed on since the last call, oldest first, into pairs (left, right,
+    // …); how many.
+    uint32_t readScope(float* pairs, uint32_t maxPoints) { return scopeRing_.pop(pairs, maxPoints); }
+
     // --- inspection, for tests; not while process() runs -----------------------------------------------
 
     double delayPosition() const { return glide_.position(); }
@@ -87,6 +95,7 @@ class StereoEngine
     void clearState();
     void aimDelay();
     void jumpToTargets();
+    template <typename Sample> void handToScope(const Sample* outL, const Sample* outR, int32_t frames);
 
     // Targets, written by any thread and read once per block by the audio thread.
     std::atomic<float> depthTarget_{0.0f};
@@ -103,11 +112,15 @@ class StereoEngine
     std::atomic<bool> jumpRequested_{false};
     std::atomic<float> meter_{0.0f};
     std::atomic<float> correlationMeter_{0.0f};
+    std::atomic<bool> scopeOpen_{false};
+    ScopeRing scopeRing_;
 
     // Audio-thread state.
     float smoothingCoefficient_ = 0.0f; // depth, width and delay all glide at the same rate
     double envelopeCoefficient_ = 0.0;
     double correlationCoefficient_ = 0.0;
+    int32_t scopeStride_ = 1; // frames per point handed to the scope
+    int32_t scopeSkip_ = 0;   // frames still to skip before the next point
     ParameterSmoother depth_;
     ParameterSmoother width_;
     DelayGlide glide_;

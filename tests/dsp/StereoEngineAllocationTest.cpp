@@ -48,18 +48,22 @@ TEST(StereoEngineAudioThread, ProcessNeverAllocates)
     Stereo<double> outputD{std::vector<double>(2048), std::vector<double>(2048)};
 
     const long before = allocations.load();
-    for (const float mode : {0.0f, 1.0f, 2.0f})
-        for (const float process : {1.0f, 0.0f})
-        {
-            engine.setMode(mode);
-            engine.setProcess(process);
-            engine.setBaseFrequency(100.0f + 300.0f * mode); // glide as well as rest
-            engine.process(input.left.data(), input.right.data(), output.left.data(), output.right.data(),
-                           2048);
-            engine.process(inputD.left.data(), inputD.right.data(), outputD.left.data(), outputD.right.data(),
-                           2048);
-            engine.process(input.left.data(), input.right.data(), output.left.data(), output.right.data(), 0);
-        }
+    // Every mode, on and off, with the scope closed and open (its ring filling up and overflowing).
+    for (const bool scope : {false, true})
+        for (const float mode : {0.0f, 1.0f, 2.0f})
+            for (const float process : {1.0f, 0.0f})
+            {
+                engine.setScopeOpen(scope);
+                engine.setMode(mode);
+                engine.setProcess(process);
+                engine.setBaseFrequency(100.0f + 300.0f * mode); // glide as well as rest
+                engine.process(input.left.data(), input.right.data(), output.left.data(), output.right.data(),
+                               2048);
+                engine.process(inputD.left.data(), inputD.right.data(), outputD.left.data(),
+                               outputD.right.data(), 2048);
+                engine.process(input.left.data(), input.right.data(), output.left.data(), output.right.data(),
+                               0);
+            }
     EXPECT_EQ(allocations.load() - before, 0);
 
     // The counter itself works (a direct call, which unlike a new-expression may not be left out).

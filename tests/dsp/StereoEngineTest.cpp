@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <vector>
 
 using spatara::StereoEngine;
@@ -623,4 +624,62 @@ TEST(StereoEngineGlide, AResumeAnswersAJumpAskedForBeforeIt)
     engine.setDepth(1.0f);
     glidePositions(engine, 1);
     EXPECT_LT(engine.smoothedDepth(), 1.0f) << "the resume already started the engine on its targets";
+}
+
+// --- the scope -----------------------------------------------------
+
+namespace
+{
+// Points the scope gets from a second of the signal in blocks of 512, read after each block as the editor
+// reads at its idle.
+std::vector<float> scopePoints(StereoEngine& engine, float rate, const std::function<float(long)>& left,
+                               const std::function<float(long)>& right)
+{
+    std::vector<float> points;
+    std::vector<float> inL(512), inR(512), outL(512), outR(512), pairs(2 * 4096);
+    for (long done = 0; done < static_cast<long>(rate); done += 512)
+    {
+        for (int i = 0; i < 512; ++i)
+        {
+            inL[i] = left(done + i);
+            inR[i] = right(done + i);
+        }
+        engine.process(inL.data(), inR.data(), outL.data(), outR.data(), 512);
+        const uint32_t taken = engine.readScope(pairs.data(), 4096);
+        points.insert(points.end(), pairs.begin(), pairs.begin() + 2 * taken);
+    }
+    return points;
+}
+} // namespace
+
+TEST(StereoEngineScope, OpenItGetsTwoThousandPointsASecondOrMoreAtEveryRate)
+{
+    for (const float rate : {8000.0f, 44100.0f, 96000.0f, 384000.0f})
+    {
+        StereoEngine engine;
+        prepare(engine, {.process = 0.0f}, rate);
+        engine.setScopeOpen(true);
+        const auto points = scopePoints(
+            engine, rate, [](long f) { return std::sin(0.01f * f); },
+            [](long f) { return std::sin(0.01f * f); });
+        EXPECT_GE(points.size() / 2, 2000u) << rate;
+        EXPECT_LE(points.size() / 2, 4100u) << rate;
+        // The effect off, each point is the input's: the same in both channels.
+        for (std::size_t i = 0; i < points.size(); i += 2)
+            ASSERT_EQ(points[i], points[i + 1]) << rate;
+    }
+}
+
+TEST(StereoEngineScope, ClosedItGetsNothingAndBadSamplesAreNoPoints)
+{
+    StereoEngine engine;
+    prepare(engine, {.process = 0.0f});
+    const auto one = [](long) { return 0.5f; };
+    EXPECT_TRUE(scopePoints(engine, kRate, one, one).empty());
+    engine.setScopeOpen(true);
+    const auto points = scopePoints(
+        engine, kRate, [](long f) { return f % 2 ? NAN : 0.5f; }, one);
+    ASSERT_FALSE(points.empty());
+    for (const float value : points)
+        ASSERT_EQ(value, 0.5f);
 }
