@@ -11,6 +11,7 @@
 #include "COnOffButton.h"
 #include "COptionMenu.h"
 #include "CParamDisplay.h"
+#include "CScopeView.h"
 #include "CVuMeter1.h"
 #include "EditorZoom.h"
 #include "MyFrame.h"
@@ -56,9 +57,10 @@ float modeButtonValue(float mode)
 }
 } // namespace
 
-ADEditor::ADEditor(AudioEffect* effect, RealValueReader realValue, MeterReader stereoMeter)
+ADEditor::ADEditor(AudioEffect* effect, RealValueReader realValue, MeterReader stereoMeter,
+                   ScopeSource scopeSource)
     : CPresetSystemEditor(effect), realValue(std::move(realValue)), stereoMeter(std::move(stereoMeter)),
-      background(owned(new CBitmap(kBackgroundBitmap)))
+      scopeSource(std::move(scopeSource)), background(owned(new CBitmap(kBackgroundBitmap)))
 {
     // 302 x 250 rather than the classic 302 x 214, on purpose: the preset strip at the foot needs the rows.
     setRectFromBitmap(background.get());
@@ -226,10 +228,20 @@ bool ADEditor::open(void* parent)
         CPoint(0, 0), CPoint(0, 12));
     myFrame->addView(about);
 
+    // ---- the stereo scope over the sliders and buttons, from a click on the meter or the menu; the meter
+    // stays in sight above it
+    if (scopeSource.read)
+    {
+        scope = new CScopeView(CRect(4, 44, 298, 178), [this] { showScope(false); });
+        myFrame->addView(scope);
+        meter->setClickAction([this] { showScope(!scope->isVisible()); });
+        showScope(spatara::scopeWasOpen());
+    }
+
     // ---- the zoom menu, which a right click on the panel opens
     zoomMenu = new COptionMenu(CRect(0, 0, 0, 0), this, spatara::kZoomMenuTag, nullptr, nullptr,
                                kCheckStyle | kNoDrawStyle);
-    spatara::fillZoomMenu(*zoomMenu);
+    fillMenu();
     myFrame->addView(zoomMenu);
     myFrame->setBackgroundMenu(zoomMenu);
 
@@ -250,6 +262,9 @@ void ADEditor::close()
     modeButton = nullptr;
     about = nullptr;
     zoomMenu = nullptr;
+    // Closed, the audio thread hands the scope nothing.
+    if (scope && scopeSource.setOpen) scopeSource.setOpen(false);
+    scope = nullptr;
     AEffGUIEditor::close(); // the frame goes, and every control with it
 }
 
@@ -268,13 +283,28 @@ void ADEditor::idle()
     CPresetSystemEditor::idle();
     // The meter stands still while the about screen covers the panel.
     if (about && about->getValue() == 0.0f && meter) meter->setValue(0.5f + stereoMeter());
+    // The scope takes what the audio thread handed on, and redraws at most 60 times a second.
+    const auto now = std::chrono::steady_clock::now();
+    if (scope && scope->isVisible() && now - lastScopeDraw >= std::chrono::milliseconds(16))
+    {
+        lastScopeDraw = now;
+        std::array<float, 2 * 1024> pairs;
+        for (uint32_t taken = 0; (taken = scopeSource.read(pairs.data(), 1024)) > 0;)
+            scope->addPoints(pairs.data(), taken);
+        scope->setCorrelation(scopeSource.correlation());
+    }
 }
 
 void ADEditor::valueChanged(CControl* control)
 {
     if (control == zoomMenu)
     {
-        if (spatara::chooseZoom(zoomMenu->getCurrentIndex())) applyScale();
+        const int32_t chosen = zoomMenu->getCurrentIndex();
+        if (spatara::chooseZoom(chosen))
+            applyScale();
+        else if (scope && chosen == zoomMenu->getNbEntries() - 1)
+            showScope(!scope->isVisible());
+        fillMenu();
         return;
     }
     CPresetSystemEditor::valueChanged(control);
@@ -293,6 +323,23 @@ void ADEditor::beginEdit(int32_t index)
 void ADEditor::endEdit(int32_t index)
 {
     if (index != spatara::kZoomMenuTag) CPresetSystemEditor::endEdit(index);
+}
+
+void ADEditor::showScope(bool shown)
+{
+    if (!scope) return;
+    scope->setVisible(shown);
+    if (scopeSource.setOpen) scopeSource.setOpen(shown);
+    spatara::rememberScopeOpen(shown);
+    if (frame) frame->invalid();
+}
+
+void ADEditor::fillMenu()
+{
+    spatara::fillZoomMenu(*zoomMenu);
+    if (!scope) return;
+    zoomMenu->addEntry("-");
+    zoomMenu->addEntry(scope->isVisible() ? "Hide stereo scope" : "Show stereo scope");
 }
 
 std::optional<double> ADEditor::userScale() const

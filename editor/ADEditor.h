@@ -7,6 +7,7 @@
 #include "SharedPointer.h"
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -16,6 +17,7 @@ class CBitmap;
 class CClickButton;
 class CHorizontalSlider;
 class COptionMenu;
+class CScopeView;
 class COnOffButton;
 class CParamDisplay;
 class CVuMeter1;
@@ -27,8 +29,17 @@ class ADEditor : public CPresetSystemEditor
     // so the editor needs nothing of the effect's own class.
     using RealValueReader = std::function<float(VstInt32 index)>; // the mapped value of a parameter
     using MeterReader = std::function<float()>;                   // the balance, -0.5 .. +0.5
+    // The scope's side of the effect: open or close it, take its points (pairs of left and right, oldest
+    // first; how many), read the output's correlation.
+    struct ScopeSource
+    {
+        std::function<void(bool open)> setOpen;
+        std::function<uint32_t(float* pairs, uint32_t maxPoints)> read;
+        MeterReader correlation;
+    };
 
-    ADEditor(AudioEffect* effect, RealValueReader realValue, MeterReader stereoMeter);
+    ADEditor(AudioEffect* effect, RealValueReader realValue, MeterReader stereoMeter,
+             ScopeSource scopeSource = ScopeSource());
     ~ADEditor() override;
 
     // ---- host requests (host's UI thread)
@@ -65,9 +76,15 @@ class ADEditor : public CPresetSystemEditor
     // The width/emphasis value: the width turned into what the current mode makes of it.
     float widthDisplayValue() const;
     float normalised(VstInt32 index) const;
+    // The scope opened or closed, remembered in the preferences for every instance.
+    void showScope(bool shown);
+    // The zoom menu with the scope's entry after the scales.
+    void fillMenu();
 
     RealValueReader realValue;
     MeterReader stereoMeter;
+    ScopeSource scopeSource;
+    std::chrono::steady_clock::time_point lastScopeDraw{};
     SharedPointer<CBitmap> background;
     // Bit n: parameter n changed since the last idle; bit kOtherChange: some other index did.
     std::atomic<std::uint32_t> pendingChanges{0};
@@ -89,4 +106,5 @@ class ADEditor : public CPresetSystemEditor
     CClickButton* modeButton = nullptr;
     CAbout* about = nullptr;
     COptionMenu* zoomMenu = nullptr;
+    CScopeView* scope = nullptr;
 };

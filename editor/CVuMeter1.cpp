@@ -36,3 +36,10 @@ void CVuMeter1::draw(CDrawContext* context)
     }
     setDirty(false);
 }
+
+CMouseEventResult CVuMeter1::onMouseDown(CPoint&, const CButtonState& buttons)
+{
+    if (!(buttons & kLButton) || !clickAction) return kMouseEventNotHandled;
+    clickAction();
+    return kMouseDownEventHandledButDontNeedMovedOrUpEvents;
+}

@@ -3,6 +3,8 @@
 
 #include "CVuMeter.h"
 
+#include <functional>
+
 class CVuMeter1 : public CVuMeter
 {
   public:
@@ -13,9 +15,16 @@ class CVuMeter1 : public CVuMeter
     // While the shown value still falls it wants redraws, even when the value itself holds still.
     bool isDirty() const override { return CVuMeter::isDirty() || oldValue > value; }
 
+    // What a click on the meter does (the editor opens or closes its scope); nothing when none is set.
+    void setClickAction(std::function<void()> action) { clickAction = std::move(action); }
+    CMouseEventResult onMouseDown(CPoint& where, const CButtonState& buttons) override;
+
     // Answers as a CVuMeter: nothing needs to tell the two apart.
     CView* newCopy() const override { return new CVuMeter1(*this); }
 
   protected:
     ~CVuMeter1() override = default;
+
+  private:
+    std::function<void()> clickAction;
 };

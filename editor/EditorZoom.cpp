@@ -6,12 +6,14 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
+#include <string>
 
 namespace spatara
 {
 namespace
 {
 constexpr char kZoomKey[] = "EditorZoom";
+constexpr char kScopeKey[] = "ScopeOpen";
 
 struct ZoomEntry
 {
@@ -63,5 +65,20 @@ bool chooseZoom(int32_t index)
         XPlatRemovePref(kZoomKey);
     XPlatSynchronizePrefs();
     return true;
+}
+bool scopeWasOpen()
+{
+    char text[kPrefStringSize] = {};
+    return XPlatGetPrefString(kScopeKey, text) && std::string(text) == "1";
+}
+
+void rememberScopeOpen(bool open)
+{
+    if (scopeWasOpen() == open) return;
+    if (open)
+        XPlatSetPrefString(kScopeKey, "1");
+    else
+        XPlatRemovePref(kScopeKey);
+    XPlatSynchronizePrefs();
 }
 } // namespace spatara

@@ -19,4 +19,8 @@ void fillZoomMenu(COptionMenu& menu);
 std::optional<double> chosenZoom();
 // Remembers the menu's entry at index (the preferences are written at once); false for no such entry.
 bool chooseZoom(int32_t index);
+
+// Whether the stereo scope was open when an editor last opened or closed it, and remembering that.
+bool scopeWasOpen();
+void rememberScopeOpen(bool open);
 } // namespace spatara

@@ -53,7 +53,11 @@ Spatara::Spatara(audioMasterCallback audioMaster) : CPresetSystemEffect(audioMas
 
     setEditor(new ADEditor(
         this, [this](VstInt32 index) { return getParameterValue(index); },
-        [this] { return getStereoMeter(); }));
+        [this] { return getStereoMeter(); },
+        ADEditor::ScopeSource{[this](bool open) { engine.setScopeOpen(open); },
+                              [this](float* pairs, uint32_t maxPoints)
+                              { return engine.readScope(pairs, maxPoints); },
+                              [this] { return getCorrelation(); }}));
 
     initPresets();
     CPresetSystemEffect::loadDefaults();

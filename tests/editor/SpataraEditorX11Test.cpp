@@ -435,3 +435,94 @@ TEST_F(SpataraEditorX11Test, ClosesAndReopensFiveTimesLeavingNothingBehind)
     }
     EXPECT_EQ(countFds(), fdsBefore);
 }
+
+namespace
+{
+// Where the scope's trace is lit in a screenshot, around the goniometer's centre (72, 111 in the editor's
+// units): the trace's blue stands out from the dark screen and the grey guides.
+struct Trace
+{
+    int onUpright = 0; // within 2 units of the vertical axis
+    int onAcross = 0;  // within 2 units of the horizontal axis
+    int elsewhere = 0;
+};
+
+Trace traceOf(const Screenshot& shot, double scale)
+{
+    Trace trace;
+    const auto unit = [scale](double units) { return static_cast<int>(std::lround(units * scale)); };
+    for (int y = unit(53); y < unit(169); ++y)
+        for (int x = unit(14); x < unit(130); ++x)
+        {
+            const CColor c = shot.pixel(x, y);
+            if (!(c.blue > 150 && c.blue > c.red + 60)) continue;
+            const double ux = x / scale, uy = y / scale;
+            if (std::fabs(ux - 72.0) <= 2.0)
+                ++trace.onUpright;
+            else if (std::fabs(uy - 111.0) <= 2.0)
+                ++trace.onAcross;
+            else
+                ++trace.elsewhere;
+        }
+    return trace;
+}
+} // namespace
+
+TEST_F(SpataraEditorX11Test, TheScopeOpensFromTheMeterAndDrawsMonoUprightAndAntiPhaseAcross)
+{
+    setParameter(3, 0.0f); // off: the output is the input
+    openEditor();
+    startAudio(1.0f);
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 150 30 click 1"));
+    idleFor(400ms);
+    Trace mono;
+    {
+        Screenshot shot(parent);
+        ASSERT_TRUE(shot.ok());
+        std::filesystem::copy_file("spatara-editor.png", "scope-mono.png",
+                                   std::filesystem::copy_options::overwrite_existing);
+        mono = traceOf(shot, 1.0);
+    }
+    stopAudio();
+    EXPECT_GT(mono.onUpright, 40);
+    EXPECT_LT(mono.elsewhere + mono.onAcross, mono.onUpright / 10) << "mono is one upright line";
+
+    startAudio(-1.0f);
+    idleFor(400ms);
+    Trace antiPhase;
+    {
+        Screenshot shot(parent);
+        ASSERT_TRUE(shot.ok());
+        std::filesystem::copy_file("spatara-editor.png", "scope-antiphase.png",
+                                   std::filesystem::copy_options::overwrite_existing);
+        antiPhase = traceOf(shot, 1.0);
+    }
+    stopAudio();
+    EXPECT_GT(antiPhase.onAcross, 40);
+    EXPECT_LT(antiPhase.elsewhere + antiPhase.onUpright, antiPhase.onAcross / 10)
+        << "anti-phase is one line across";
+
+    // Widened: the second mode spreads the mono signal off the upright line.
+    setParameter(3, 1.0f);
+    setParameter(0, 1.0f);
+    setParameter(2, 1.0f);
+    setParameter(5, 0.5f);
+    startAudio(1.0f);
+    idleFor(600ms);
+    {
+        Screenshot shot(parent);
+        ASSERT_TRUE(shot.ok());
+        std::filesystem::copy_file("spatara-editor.png", "scope-wide.png",
+                                   std::filesystem::copy_options::overwrite_existing);
+        const Trace wide = traceOf(shot, 1.0);
+        EXPECT_GT(wide.elsewhere, 20) << "a widened image leaves the upright line";
+    }
+    stopAudio();
+
+    // A click on the scope closes it; the next editor opens without it.
+    ASSERT_TRUE(X11TestWindow::xdotool("mousemove 200 150 click 1"));
+    idleFor(200ms);
+    Screenshot closed(parent);
+    ASSERT_TRUE(closed.ok());
+    EXPECT_EQ(closed.pixel(72, 60), pixelOfBitmap(128, 72, 60));
+}

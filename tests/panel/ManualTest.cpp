@@ -29,8 +29,8 @@ TEST(Manual, BuildsToAPdfOfSeveralPages)
     EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
     // Page objects, not the page tree.
     EXPECT_GE(count(pdf, "/Type /Page\n"), 4);
-    // The pictures of the editor at scale 2, the zoom menu and the preset list.
-    EXPECT_GE(count(pdf, "/Subtype /Image"), 3);
+    // The pictures of the editor at scale 2, the zoom menu, the preset list and the scope three times.
+    EXPECT_GE(count(pdf, "/Subtype /Image"), 6);
 }
 
 TEST(Manual, SourceCoversModesParametersPanelFilesDefaultsMemoriesAndTheRenderTool)
@@ -55,6 +55,8 @@ TEST(Manual, SourceCoversModesParametersPanelFilesDefaultsMemoriesAndTheRenderTo
                               "Spatara-manual.pdf",
                               "Zoom 100 %",
                               "Follow the desktop",
-                              "Xft.dpi"})
+                              "Xft.dpi",
+                              "goniometer",
+                              "correlation"})
         EXPECT_NE(source.find(topic), std::string::npos) << topic;
 }
