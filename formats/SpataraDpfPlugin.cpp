@@ -105,24 +105,21 @@ void SpataraDpfPlugin::initAudioPort(bool input, uint32_t index, DISTRHO::AudioP
 
 void SpataraDpfPlugin::initParameter(uint32_t index, DISTRHO::Parameter& parameter)
 {
+    // The two meters, outputs for hosts to show or record.
+    const auto output = [&parameter](const char* name, const char* description, float minimum, float maximum)
+    {
+        parameter.hints = DISTRHO::kParameterIsOutput;
+        parameter.name = name;
+        parameter.symbol = name;
+        parameter.description = description;
+        parameter.ranges = DISTRHO::ParameterRanges(0.0f, minimum, maximum);
+    };
     if (index == kMeterIndex)
-    {
-        parameter.hints = DISTRHO::kParameterIsOutput;
-        parameter.name = "meter";
-        parameter.symbol = "meter";
-        parameter.description = "The balance meter, from -0.5 (anti-phase) to +0.5 (mono)";
-        parameter.ranges = DISTRHO::ParameterRanges(0.0f, -0.5f, 0.5f);
-        return;
-    }
+        return output("meter", "The balance meter, from -0.5 (anti-phase) to +0.5 (mono)", -0.5f, 0.5f);
     if (index == kCorrelationIndex)
-    {
-        parameter.hints = DISTRHO::kParameterIsOutput;
-        parameter.name = "correlation";
-        parameter.symbol = "correlation";
-        parameter.description = "The output's phase correlation, from -1 (one channel inverted) to +1 (mono)";
-        parameter.ranges = DISTRHO::ParameterRanges(0.0f, -1.0f, 1.0f);
-        return;
-    }
+        return output("correlation",
+                      "The output's phase correlation, from -1 (one channel inverted) to +1 (mono)", -1.0f,
+                      1.0f);
 #if SPATARA_HOST_BYPASS
     if (index == kBypassIndex)
     {

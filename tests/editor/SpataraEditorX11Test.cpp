@@ -470,34 +470,30 @@ Trace traceOf(const Screenshot& shot, double scale)
 
 TEST_F(SpataraEditorX11Test, TheScopeOpensFromTheMeterAndDrawsMonoUprightAndAntiPhaseAcross)
 {
+    // Audio of this right gain for a while, then where the trace lies; the screenshot is kept as name.
+    const auto traceWith = [this](float rightGain, const char* name)
+    {
+        startAudio(rightGain);
+        idleFor(500ms);
+        Trace trace;
+        Screenshot shot(parent);
+        EXPECT_TRUE(shot.ok());
+        if (shot.ok())
+        {
+            std::filesystem::copy_file("spatara-editor.png", name,
+                                       std::filesystem::copy_options::overwrite_existing);
+            trace = traceOf(shot, 1.0);
+        }
+        stopAudio();
+        return trace;
+    };
     setParameter(3, 0.0f); // off: the output is the input
     openEditor();
-    startAudio(1.0f);
     ASSERT_TRUE(X11TestWindow::xdotool("mousemove 150 30 click 1"));
-    idleFor(400ms);
-    Trace mono;
-    {
-        Screenshot shot(parent);
-        ASSERT_TRUE(shot.ok());
-        std::filesystem::copy_file("spatara-editor.png", "scope-mono.png",
-                                   std::filesystem::copy_options::overwrite_existing);
-        mono = traceOf(shot, 1.0);
-    }
-    stopAudio();
+    const Trace mono = traceWith(1.0f, "scope-mono.png");
     EXPECT_GT(mono.onUpright, 40);
     EXPECT_LT(mono.elsewhere + mono.onAcross, mono.onUpright / 10) << "mono is one upright line";
-
-    startAudio(-1.0f);
-    idleFor(400ms);
-    Trace antiPhase;
-    {
-        Screenshot shot(parent);
-        ASSERT_TRUE(shot.ok());
-        std::filesystem::copy_file("spatara-editor.png", "scope-antiphase.png",
-                                   std::filesystem::copy_options::overwrite_existing);
-        antiPhase = traceOf(shot, 1.0);
-    }
-    stopAudio();
+    const Trace antiPhase = traceWith(-1.0f, "scope-antiphase.png");
     EXPECT_GT(antiPhase.onAcross, 40);
     EXPECT_LT(antiPhase.elsewhere + antiPhase.onUpright, antiPhase.onAcross / 10)
         << "anti-phase is one line across";
@@ -507,17 +503,7 @@ TEST_F(SpataraEditorX11Test, TheScopeOpensFromTheMeterAndDrawsMonoUprightAndAnti
     setParameter(0, 1.0f);
     setParameter(2, 1.0f);
     setParameter(5, 0.5f);
-    startAudio(1.0f);
-    idleFor(600ms);
-    {
-        Screenshot shot(parent);
-        ASSERT_TRUE(shot.ok());
-        std::filesystem::copy_file("spatara-editor.png", "scope-wide.png",
-                                   std::filesystem::copy_options::overwrite_existing);
-        const Trace wide = traceOf(shot, 1.0);
-        EXPECT_GT(wide.elsewhere, 20) << "a widened image leaves the upright line";
-    }
-    stopAudio();
+    EXPECT_GT(traceWith(1.0f, "scope-wide.png").elsewhere, 20) << "a widened image leaves the upright line";
 
     // A click on the scope closes it; the next editor opens without it.
     ASSERT_TRUE(X11TestWindow::xdotool("mousemove 200 150 click 1"));
