@@ -73,6 +73,8 @@ int channel(cairo_surface_t* image, int x, int y, int c)
     return data[y * cairo_image_surface_get_stride(image) + x * 4 + c];
 }
 
+const std::pair<int, int> kAtOne{302, 250}, kAtOneAndAHalf{453, 375}, kAtTwo{604, 500};
+
 class EditorScale : public ::testing::Test
 {
   protected:
@@ -97,14 +99,18 @@ class EditorScale : public ::testing::Test
         EXPECT_NE(host, nullptr) << error;
         return host;
     }
-    // The editor's rectangle as a fresh instance gives it to a host: width and height.
+    // The editor's rectangle as the instance gives it to its host: width and height.
+    static std::pair<int, int> rectangleOf(VstTestHost& host)
+    {
+        const ERect* rect = host.getEditorRect();
+        if (!rect) return {0, 0};
+        return {rect->right - rect->left, rect->bottom - rect->top};
+    }
+    // The same for a fresh instance.
     static std::pair<int, int> freshRectangle()
     {
         auto host = load();
-        if (!host) return {0, 0};
-        const ERect* rect = host->getEditorRect();
-        if (!rect) return {0, 0};
-        return {rect->right - rect->left, rect->bottom - rect->top};
+        return host ? rectangleOf(*host) : std::pair<int, int>{0, 0};
     }
     static VstIntPtr requestScale(VstTestHost& host, float scale)
     {
@@ -118,7 +124,6 @@ class EditorScale : public ::testing::Test
     }
 };
 
-const std::pair<int, int> kAtOne{302, 250}, kAtOneAndAHalf{453, 375}, kAtTwo{604, 500};
 } // namespace
 
 TEST_F(EditorScale, WithoutAnyWordFromHostOrDesktopTheEditorIsItsOwnSize)
@@ -167,15 +172,11 @@ TEST_F(EditorScale, TheHostsRequestComesBeforeTheDesktop)
     auto host = load();
     ASSERT_TRUE(host);
     EXPECT_EQ(requestScale(*host, 2.0f), 1);
-    const ERect* rect = host->getEditorRect();
-    ASSERT_NE(rect, nullptr);
-    EXPECT_EQ(rect->right - rect->left, 604);
-    EXPECT_EQ(rect->bottom - rect->top, 500);
+    EXPECT_EQ(rectangleOf(*host), kAtTwo);
     // Below 1 or above 4 is no scale: refused, the size kept.
     EXPECT_EQ(requestScale(*host, 0.5f), 0);
     EXPECT_EQ(requestScale(*host, 5.0f), 0);
-    rect = host->getEditorRect();
-    EXPECT_EQ(rect->right - rect->left, 604);
+    EXPECT_EQ(rectangleOf(*host), kAtTwo);
 }
 
 TEST_F(EditorScale, ARequestWhileOpenResizesTheWindowOnlyWhenTheHostResizesItsOwn)
@@ -192,16 +193,14 @@ TEST_F(EditorScale, ARequestWhileOpenResizesTheWindowOnlyWhenTheHostResizesItsOw
     EXPECT_EQ(askedSize, (std::pair<VstInt32, VstInt32>{604, 500}));
     host->idleEditorFor(100ms);
     EXPECT_TRUE(shown(parent, 302, 250));
-    const ERect* rect = host->getEditorRect();
-    EXPECT_EQ(rect->right - rect->left, 302);
+    EXPECT_EQ(rectangleOf(*host), kAtOne);
 
     // A host that resizes: the editor follows.
     hostResizes = true;
     EXPECT_EQ(requestScale(*host, 1.5f), 1);
     EXPECT_EQ(askedSize, (std::pair<VstInt32, VstInt32>{453, 375}));
     EXPECT_TRUE(host->idleEditorUntil([&] { return shown(parent, 453, 375); }));
-    rect = host->getEditorRect();
-    EXPECT_EQ(rect->right - rect->left, 453);
+    EXPECT_EQ(rectangleOf(*host), kAtOneAndAHalf);
     host->closeEditor();
 }
 
@@ -323,10 +322,7 @@ TEST_F(EditorScale, TheZoomChosenFromThePanelsMenuResizesTheEditorAndIsKeptForEv
         auto host = load();
         ASSERT_TRUE(host);
         EXPECT_EQ(requestScale(*host, 1.5f), 1);
-        const ERect* rect = host->getEditorRect();
-        ASSERT_NE(rect, nullptr);
-        EXPECT_EQ(rect->right - rect->left, 604);
-        EXPECT_EQ(rect->bottom - rect->top, 500);
+        EXPECT_EQ(rectangleOf(*host), kAtTwo);
         ASSERT_TRUE(host->openEditor(parent.getWindow()));
         ASSERT_TRUE(host->idleEditorUntil([&] { return shown(parent, 604, 500); }));
         host->idleEditorFor(100ms);
