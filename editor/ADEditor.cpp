@@ -325,6 +325,14 @@ void ADEditor::endEdit(int32_t index)
     if (index != spatara::kZoomMenuTag) CPresetSystemEditor::endEdit(index);
 }
 
+bool ADEditor::zoomTo(double scale)
+{
+    if (!(scale > 0.0) || !spatara::chooseZoom(spatara::nearestZoomEntry(scale))) return false;
+    applyScale();
+    if (zoomMenu) fillMenu();
+    return true;
+}
+
 void ADEditor::showScope(bool shown)
 {
     if (!scope) return;

@@ -59,6 +59,10 @@ class ADEditor : public CPresetSystemEditor
     void beginEdit(int32_t index) override;
     void endEdit(int32_t index) override;
 
+    // ---- from a format edition's window, which the user dragged to some size: the editor takes the nearest
+    // of its zooms as the user's choice. False when no zoom was taken.
+    bool zoomTo(double scale);
+
     // ---- from the effect
     // Any thread, the audio thread included (host automation): only notes the index, lock-free; the
     // control moves on the next idle. The value is not used: the editor reads the effect back.

@@ -3,6 +3,7 @@
 #include "COptionMenu.h"
 #include "XPlatPrefs.h"
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
@@ -49,6 +50,16 @@ std::optional<double> chosenZoom()
     for (const ZoomEntry& entry : kEntries)
         if (entry.scale > 0.0 && std::strtod(text, nullptr) == entry.scale) return entry.scale;
     return std::nullopt;
+}
+
+int32_t nearestZoomEntry(double scale)
+{
+    int32_t nearest = 0;
+    for (int32_t i = 0; i < static_cast<int32_t>(std::size(kEntries)); ++i)
+        if (kEntries[i].scale > 0.0 &&
+            std::fabs(kEntries[i].scale - scale) < std::fabs(kEntries[nearest].scale - scale))
+            nearest = i;
+    return nearest;
 }
 
 bool chooseZoom(int32_t index)

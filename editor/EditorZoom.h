@@ -19,6 +19,8 @@ void fillZoomMenu(COptionMenu& menu);
 std::optional<double> chosenZoom();
 // Remembers the menu's entry at index (the preferences are written at once); false for no such entry.
 bool chooseZoom(int32_t index);
+// The menu's entry of the zoom nearest to scale (a window the user dragged to some size).
+int32_t nearestZoomEntry(double scale);
 
 // Whether the stereo scope was open when an editor last opened or closed it, and remembering that.
 bool scopeWasOpen();

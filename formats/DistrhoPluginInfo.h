@@ -14,7 +14,8 @@
 #define DISTRHO_PLUGIN_HAS_EXTERNAL_UI 1
 #define DISTRHO_PLUGIN_HAS_EMBED_UI 1
 #define DISTRHO_PLUGIN_WANT_DIRECT_ACCESS 1
-#define DISTRHO_UI_USER_RESIZABLE 0
+// The user may drag the window: the editor settles on the nearest of its zooms (SpataraDpfUI::sizeChanged).
+#define DISTRHO_UI_USER_RESIZABLE 1
 #define DISTRHO_PLUGIN_IS_RT_SAFE 1
 #define DISTRHO_PLUGIN_NUM_INPUTS 2
 #define DISTRHO_PLUGIN_NUM_OUTPUTS 2

@@ -7,18 +7,23 @@
 #include "SpataraDpfPlugin.h"
 #include "platform/PlatformWindow.h"
 
+#include <algorithm>
+
 namespace spatara
 {
 namespace
 {
-// The framework asks for a size before the editor tells its own; the editor's rectangle follows at once.
-constexpr uint kFallbackWidth = 302, kFallbackHeight = 250;
+// The editor's units, its size at scale 1; also the size the framework starts from, before the editor
+// tells its own (which follows at once).
+constexpr uint kUnitsWide = 302, kUnitsHigh = 250;
+// Ours: the user dragged the window to this scale.
+constexpr VstInt32 kZoomRequest = CCONST('Z', 'v', 'Z', 'm');
 // The request VST 2.4 hosts send with the screen's scale, which the editor understands.
 constexpr VstInt32 kScaleRequest = CCONST('P', 'r', 'e', 'S');
 constexpr VstIntPtr kScaleRequestValue = CCONST('A', 'e', 'C', 's');
 } // namespace
 
-SpataraDpfUI::SpataraDpfUI() : UI(kFallbackWidth, kFallbackHeight)
+SpataraDpfUI::SpataraDpfUI() : UI(kUnitsWide, kUnitsHigh)
 {
     plugin = static_cast<SpataraDpfPlugin*>(getPluginInstancePointer());
     vst = plugin ? plugin->vstEffect() : nullptr;
@@ -27,6 +32,8 @@ SpataraDpfUI::SpataraDpfUI() : UI(kFallbackWidth, kFallbackHeight)
     // when the UI is made. The framework's own automatic scaling is not used: it would enlarge a picture the
     // editor already draws at the scale.
     passScale(getScaleFactor());
+    // A window the user drags keeps the editor's proportions and never gets smaller than at scale 1.
+    setGeometryConstraints(kUnitsWide, kUnitsHigh, true);
     ERect* rect = nullptr;
     if (dispatch(effEditGetRect, &rect) && rect)
         setSize(static_cast<uint>(rect->right - rect->left), static_cast<uint>(rect->bottom - rect->top));
@@ -84,8 +91,23 @@ void SpataraDpfUI::uiScaleFactorChanged(double scaleFactor)
 bool SpataraDpfUI::editorResized(int width, int height)
 {
     if (width <= 0 || height <= 0) return false;
+    settling = true;
     setSize(static_cast<uint>(width), static_cast<uint>(height));
+    settling = false;
     return getWidth() == static_cast<uint>(width) && getHeight() == static_cast<uint>(height);
+}
+
+void SpataraDpfUI::sizeChanged(uint width, uint height)
+{
+    UI::sizeChanged(width, height);
+    if (!open || settling) return;
+    const double scale =
+        std::min(static_cast<double>(width) / kUnitsWide, static_cast<double>(height) / kUnitsHigh);
+    vst->dispatcher(vst, effVendorSpecific, kZoomRequest, 0, nullptr, static_cast<float>(scale));
+    // The editor's size at the zoom it took, which the window settles on.
+    ERect* rect = nullptr;
+    if (dispatch(effEditGetRect, &rect) && rect)
+        editorResized(rect->right - rect->left, rect->bottom - rect->top);
 }
 
 void SpataraDpfUI::parameterChanged(uint32_t index, float value)

@@ -31,6 +31,9 @@ class SpataraDpfUI : public DISTRHO::UI, private EditListener
     void uiIdle() override;
     // The host's scale changed while the UI exists: the editor draws at it, the window follows.
     void uiScaleFactorChanged(double scaleFactor) override;
+    // The host gave the window a size (the user dragged it): the editor settles on the nearest of its zooms
+    // and the window on that zoom's size.
+    void sizeChanged(uint width, uint height) override;
 
   private:
     // ---- from the editor (host's UI thread): to the host, in real units
@@ -47,6 +50,7 @@ class SpataraDpfUI : public DISTRHO::UI, private EditListener
     SpataraDpfPlugin* plugin = nullptr;
     AEffect* vst = nullptr;
     bool open = false;
+    bool settling = false;            // the window is being given the editor's own size
     float ports[kNumParameters] = {}; // the host's port values as last heard or told, in real units
 };
 } // namespace spatara

@@ -21,6 +21,8 @@ constexpr VstInt32 kCorrelationRequest = CCONST('Z', 'v', 'C', 'r');
 // The request hosts send to tell an editor the scale of the screen: the scale is the float argument.
 constexpr VstInt32 kScaleRequest = CCONST('P', 'r', 'e', 'S');
 constexpr VstIntPtr kScaleRequestValue = CCONST('A', 'e', 'C', 's');
+// Ours, from the format editions: the user dragged the window to the scale in opt.
+constexpr VstInt32 kZoomRequest = CCONST('Z', 'v', 'Z', 'm');
 
 using spatara::isParameter;
 using spatara::parameterInfo;
@@ -168,6 +170,11 @@ VstIntPtr Spatara::vendorSpecific(VstInt32 index, VstIntPtr value, void* ptr, fl
     {
         auto* editor = dynamic_cast<AEffGUIEditor*>(getEditor());
         return editor && editor->setHostScale(opt) ? 1 : 0;
+    }
+    if (index == kZoomRequest)
+    {
+        auto* editor = dynamic_cast<ADEditor*>(getEditor());
+        return editor && editor->zoomTo(opt) ? 1 : 0;
     }
     if ((index != kMeterRequest && index != kCorrelationRequest) || !ptr) return 0;
     *static_cast<float*>(ptr) = index == kMeterRequest ? engine.meter() : engine.correlation();

@@ -39,7 +39,8 @@ class Spatara : public CPresetSystemEffect
     void jumpAtNextBlock() { engine.jumpAtNextBlock(); }
     // Our own requests: 'ZvMt' writes the balance meter into the float at ptr, 'ZvCr' the output's phase
     // correlation (-1..+1), so offline hosts can show them.
-    // And the hosts' 'PreS' with value 'AeCs': the editor's scale is opt (1 to 4), open or not.
+    // And the hosts' 'PreS' with value 'AeCs': the editor's scale is opt (1 to 4), open or not; and 'ZvZm'
+    // from the format editions: the user dragged the window to the scale opt.
     VstIntPtr vendorSpecific(VstInt32 index, VstIntPtr value, void* ptr, float opt) override;
 
     // ---- pins and channel layout (host's UI thread)

@@ -2,9 +2,11 @@
 // host's window at its size and draws itself, follows the host's parameter changes, and closes and opens
 // again. docs/clap-editor-in-test-host.png is the second test's clap-editor-after.png.
 #include "ClapTestHost.h"
+#include "TempDir.h"
 #include "VstReference.h"
 #include "X11TestWindow.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 #include <cairo.h>
@@ -78,7 +80,8 @@ class ClapEditor : public ::testing::Test
         return screenshot(parent, name, static_cast<int>(width), static_cast<int>(height));
     }
 
-    X11TestWindow parent{640, 520};     // room for the editor at scale 2
+    X11TestWindow parent{640, 520}; // room for the editor at scale 2
+    TempDir config;
     std::unique_ptr<ClapTestHost> host; // closed before its parent window
     uint32_t width = 0, height = 0;
 };
@@ -114,6 +117,42 @@ TEST_F(ClapEditor, OpensAtTheScaleTheHostSetsDrawnForIt)
     const auto pixels = shot("clap-editor-at-scale-2.png");
     ASSERT_FALSE(pixels.empty());
     EXPECT_GT(colours(pixels), 50u);
+}
+
+TEST_F(ClapEditor, AWindowTheUserDragsKeepsTheEditorsProportionsAndSettlesOnTheNearestZoom)
+{
+    // The user's zoom goes to the preferences: this test's own.
+    const char* previous = std::getenv("XDG_CONFIG_HOME");
+    const std::string saved = previous ? previous : "";
+    setenv("XDG_CONFIG_HOME", config.path().c_str(), 1);
+    host->allowResizing(true);
+    open(std::chrono::milliseconds(300));
+    ASSERT_EQ(width, 302u);
+    ASSERT_TRUE(host->canResizeEditor());
+    // Proportions kept: dragged to a square, the width decides.
+    uint32_t w = 700, h = 700;
+    ASSERT_TRUE(host->adjustEditorSize(w, h));
+    EXPECT_EQ(w, 700u);
+    EXPECT_EQ(h, 579u);
+    // Never smaller than at scale 1.
+    w = 100, h = 80;
+    ASSERT_TRUE(host->adjustEditorSize(w, h));
+    EXPECT_GE(w, 302u);
+    EXPECT_GE(h, 250u);
+
+    // Dragged to a size near scale 2, the editor settles on 2 and asks for its size.
+    ASSERT_TRUE(host->setEditorSize(640, 530));
+    idle(*host, std::chrono::milliseconds(200));
+    ASSERT_FALSE(host->resizeRequests().empty());
+    EXPECT_EQ(host->resizeRequests().back(), (std::pair<uint32_t, uint32_t>{604, 500}));
+    const std::vector<X11TestWindow::Geometry> children = parent.children();
+    ASSERT_EQ(children.size(), 1u);
+    EXPECT_EQ(children[0].width, 604);
+    EXPECT_EQ(children[0].height, 500);
+    if (previous)
+        setenv("XDG_CONFIG_HOME", saved.c_str(), 1);
+    else
+        unsetenv("XDG_CONFIG_HOME");
 }
 
 TEST_F(ClapEditor, FollowsTheHostsParameterChanges)

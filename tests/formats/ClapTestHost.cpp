@@ -12,16 +12,11 @@ namespace
 // for nothing but timers
 void hostRequest(const clap_host_t*) {}
 void hintsChanged(const clap_host_t*) {}
-bool refuseResize(const clap_host_t*, uint32_t, uint32_t)
-{
-    return false;
-}
 bool refuseRequest(const clap_host_t*)
 {
     return false;
 }
 void editorClosed(const clap_host_t*, bool) {}
-const clap_host_gui_t kHostGui = {hintsChanged, refuseResize, refuseRequest, refuseRequest, editorClosed};
 
 // ---- event lists over a vector of parameter events
 uint32_t eventCount(const clap_input_events_t* list)
@@ -128,9 +123,33 @@ bool ClapTestHost::create(const std::string& path, std::string& error)
 const void* ClapTestHost::hostExtension(const clap_host_t*, const char* id)
 {
     static const clap_host_timer_support_t timerSupport = {registerTimer, unregisterTimer};
-    if (std::strcmp(id, CLAP_EXT_GUI) == 0) return &kHostGui;
+    static const clap_host_gui_t gui = {hintsChanged, requestResize, refuseRequest, refuseRequest,
+                                        editorClosed};
+    if (std::strcmp(id, CLAP_EXT_GUI) == 0) return &gui;
     if (std::strcmp(id, CLAP_EXT_TIMER_SUPPORT) == 0) return &timerSupport;
     return nullptr;
+}
+
+bool ClapTestHost::requestResize(const clap_host_t* host, uint32_t width, uint32_t height)
+{
+    auto* self = static_cast<ClapTestHost*>(host->host_data);
+    self->resizes.emplace_back(width, height);
+    return self->resizeAllowed;
+}
+
+bool ClapTestHost::canResizeEditor() const
+{
+    return gui()->can_resize(plugin);
+}
+
+bool ClapTestHost::adjustEditorSize(uint32_t& width, uint32_t& height) const
+{
+    return gui()->adjust_size(plugin, &width, &height);
+}
+
+bool ClapTestHost::setEditorSize(uint32_t width, uint32_t height)
+{
+    return gui()->set_size(plugin, width, height);
 }
 
 bool ClapTestHost::registerTimer(const clap_host_t* host, uint32_t, clap_id* id)

@@ -66,12 +66,21 @@ class ClapTestHost
                     double scale = 0.0);
     // Fires the timers the plug-in registered, as a host's main loop does.
     void idleEditor();
+    // The user dragging the window, as a host passes it on: whether it may, the size the plug-in makes of a
+    // size, and the size given.
+    bool canResizeEditor() const;
+    bool adjustEditorSize(uint32_t& width, uint32_t& height) const;
+    bool setEditorSize(uint32_t width, uint32_t height);
+    // The sizes the plug-in asked its window to be, and whether the host lets it (not by default).
+    const std::vector<std::pair<uint32_t, uint32_t>>& resizeRequests() const { return resizes; }
+    void allowResizing(bool allowed) { resizeAllowed = allowed; }
     void closeEditor();
 
   private:
     ClapTestHost();
     static const void* hostExtension(const clap_host_t* host, const char* id);
     static bool registerTimer(const clap_host_t* host, uint32_t periodMs, clap_id* id);
+    static bool requestResize(const clap_host_t* host, uint32_t width, uint32_t height);
     static bool unregisterTimer(const clap_host_t* host, clap_id id);
     const clap_plugin_gui_t* gui() const;
     bool create(const std::string& path, std::string& error);
@@ -90,4 +99,6 @@ class ClapTestHost
     std::vector<clap_id> timers;
     clap_id nextTimer = 1;
     bool editorOpen = false;
+    bool resizeAllowed = false;
+    std::vector<std::pair<uint32_t, uint32_t>> resizes;
 };
