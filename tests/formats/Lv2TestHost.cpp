@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <dlfcn.h>
+#include <lv2/instance-access/instance-access.h>
 
 namespace
 {
@@ -142,6 +144,7 @@ bool Lv2TestHost::instantiate(const std::string& bundle, const std::string& uri,
 
 Lv2TestHost::~Lv2TestHost()
 {
+    closeEditor();
     if (instance)
     {
         if (active) lilv_instance_deactivate(instance);
@@ -392,4 +395,61 @@ std::map<std::string, std::string> Lv2TestHost::stateValues()
     iface->save(lilv_instance_get_handle(instance), collect, &collector,
                 LV2_STATE_IS_POD | LV2_STATE_IS_PORTABLE, features.data());
     return values;
+}
+
+bool Lv2TestHost::openEditor(unsigned long parent, float scaleFactor, std::string& error)
+{
+    const LilvNode* binary = lilv_plugin_get_library_uri(plugin);
+    char* path = lilv_file_uri_parse(lilv_node_as_uri(binary), nullptr);
+    uiLibrary = path ? dlopen(path, RTLD_NOW | RTLD_LOCAL) : nullptr;
+    lilv_free(path);
+    using UiDescriptorFunction = const LV2UI_Descriptor* (*)(uint32_t);
+    const auto describe =
+        uiLibrary ? reinterpret_cast<UiDescriptorFunction>(dlsym(uiLibrary, "lv2ui_descriptor")) : nullptr;
+    uiDescriptor = describe ? describe(0) : nullptr;
+    if (!uiDescriptor)
+    {
+        error = "the bundle's binary has no editor";
+        return false;
+    }
+    uiScaleFactor = scaleFactor;
+    const LV2_URID atomFloat = map(LV2_ATOM__Float);
+    uiOptions.clear();
+    if (scaleFactor > 0.0f)
+        uiOptions.push_back(
+            {LV2_OPTIONS_INSTANCE, 0, map(LV2_UI__scaleFactor), sizeof(float), atomFloat, &uiScaleFactor});
+    uiOptions.push_back({LV2_OPTIONS_INSTANCE, 0, 0, 0, 0, nullptr});
+    const LV2_Descriptor* pluginDescriptor = lilv_instance_get_descriptor(instance);
+    dataAccess.data_access = pluginDescriptor->extension_data;
+    const LV2_Feature parentFeature{LV2_UI__parent, reinterpret_cast<void*>(parent)};
+    const LV2_Feature instanceFeature{LV2_INSTANCE_ACCESS_URI, lilv_instance_get_handle(instance)};
+    const LV2_Feature dataFeature{LV2_DATA_ACCESS_URI, &dataAccess};
+    const LV2_Feature mapUi{LV2_URID__map, &mapFeature};
+    const LV2_Feature optionsFeature{LV2_OPTIONS__options, uiOptions.data()};
+    const LV2_Feature* uiFeatures[] = {&parentFeature, &instanceFeature, &dataFeature,
+                                       &mapUi,         &optionsFeature,  nullptr};
+    LV2UI_Widget widget = nullptr;
+    char* bundle = lilv_file_uri_parse(lilv_node_as_uri(lilv_plugin_get_bundle_uri(plugin)), nullptr);
+    ui = uiDescriptor->instantiate(
+        uiDescriptor, lilv_node_as_uri(lilv_plugin_get_uri(plugin)), bundle,
+        [](LV2UI_Controller, uint32_t, uint32_t, uint32_t, const void*) {}, this, &widget, uiFeatures);
+    lilv_free(bundle);
+    if (!ui) error = "the editor could not be made";
+    return ui != nullptr;
+}
+
+void Lv2TestHost::idleEditor()
+{
+    if (!ui || !uiDescriptor->extension_data) return;
+    if (const auto* idle =
+            static_cast<const LV2UI_Idle_Interface*>(uiDescriptor->extension_data(LV2_UI__idleInterface)))
+        idle->idle(ui);
+}
+
+void Lv2TestHost::closeEditor()
+{
+    if (ui) uiDescriptor->cleanup(ui);
+    ui = nullptr;
+    if (uiLibrary) dlclose(uiLibrary);
+    uiLibrary = nullptr;
 }

@@ -4,7 +4,9 @@
 #pragma once
 
 #include <lilv/lilv.h>
+#include <lv2/data-access/data-access.h>
 #include <lv2/options/options.h>
+#include <lv2/ui/ui.h>
 #include <lv2/urid/urid.h>
 #include <lv2/worker/worker.h>
 
@@ -51,6 +53,13 @@ class Lv2TestHost
     bool saveUserPreset(const std::string& folder, const std::string& label);
     bool loadUserPreset(const std::string& folder, const std::string& label);
 
+    // ---- the plug-in's editor, as a host with instance access shows it: embedded in the X11 window parent,
+    // with the ui:scaleFactor option when scaleFactor is above 0; false and a reason on failure
+    bool openEditor(unsigned long parent, float scaleFactor, std::string& error);
+    // The editor's idle, as the host's run loop calls it.
+    void idleEditor();
+    void closeEditor();
+
     // ---- state as a host keeps it in a project (Turtle text), and back
     std::string saveState();
     bool restoreState(const std::string& text);
@@ -95,4 +104,12 @@ class Lv2TestHost
     std::vector<uint32_t> audioIn, audioOut, atomIn, atomOut;
     std::vector<std::vector<float>> audioBuffers;
     std::vector<std::vector<uint64_t>> atomBuffers; // 8-byte aligned, as atoms need
+
+    // The editor: its library (the bundle's binary, loaded again), descriptor and handle.
+    void* uiLibrary = nullptr;
+    const LV2UI_Descriptor* uiDescriptor = nullptr;
+    LV2UI_Handle ui = nullptr;
+    float uiScaleFactor = 0.0f;
+    LV2_Extension_Data_Feature dataAccess{};
+    std::vector<LV2_Options_Option> uiOptions;
 };
