@@ -5,7 +5,9 @@
 #include <cairo.h>
 
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <string>
 
 namespace
@@ -174,23 +176,29 @@ cairo_surface_t* background(double scale)
     cairo_paint(cr);
     cairo_pattern_destroy(body);
 
-    // A faint grain gives the panel a finish (fixed seed: the same picture every time). Its grains never
-    // overlap, so the light ones and the dark ones are each filled as one path, which keeps drawing at
-    // other scales quick.
+    // A faint grain gives the panel a finish (fixed seed: the same picture every time): one pixel of the
+    // panel a grain, light or dark, laid over it at a few percent. Set pixel by pixel in an image of the
+    // panel's size and laid on whole, so that drawing the panel at other scales stays quick.
+    cairo_surface_t* grains = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 302, 250);
+    cairo_surface_flush(grains);
+    unsigned char* pixels = cairo_image_surface_get_data(grains);
+    const int stride = cairo_image_surface_get_stride(grains);
     unsigned seed = 12345;
-    for (const bool light : {true, false})
-    {
-        unsigned grain = seed;
-        for (int y = 21; y < 249; ++y)
-            for (int x = 1; x < 301; ++x)
-            {
-                grain = grain * 1103515245u + 12345u;
-                if ((grain >> 16) % 5 == 0 && (((grain >> 8) & 1) != 0) == light)
-                    cairo_rectangle(cr, x, y, 1, 1);
-            }
-        setColor(cr, light ? kEdgeLight : kEdgeDark, 0.035);
-        cairo_fill(cr);
-    }
+    for (int y = 21; y < 249; ++y)
+        for (int x = 1; x < 301; ++x)
+        {
+            seed = seed * 1103515245u + 12345u;
+            if ((seed >> 16) % 5 != 0) continue;
+            const uint32_t opaque = (seed >> 8) & 1 ? 0xFFFFFFFFu : 0xFF000000u; // white or black
+            std::memcpy(pixels + y * stride + x * 4, &opaque, sizeof(opaque));
+        }
+    cairo_surface_mark_dirty(grains);
+    cairo_save(cr);
+    cairo_set_source_surface(cr, grains, 0, 0);
+    cairo_pattern_set_filter(cairo_get_source(cr), CAIRO_FILTER_NEAREST);
+    cairo_paint_with_alpha(cr, 0.035);
+    cairo_restore(cr);
+    cairo_surface_destroy(grains);
 
     // Header: a graphite band with the product on the left and what it does on the right.
     cairo_rectangle(cr, 0, 0, 302, 20);
